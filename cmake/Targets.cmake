@@ -1,0 +1,50 @@
+# The two kinds of target of the house: a room (static library) and a test program.
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(DALVORA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+find_program(MOLD mold)
+if(MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+# dalvora_room(name SOURCES files... PUBLIC libs... PRIVATE libs...)
+# Headers are included by their path from the project's root.
+function(dalvora_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ROOM_PUBLIC} PRIVATE ${ROOM_PRIVATE})
+endfunction()
+
+# dalvora_test(name [GUI] SOURCES files... LINK libs...)
+# GUI tests get a QApplication on the offscreen platform, the others a QCoreApplication.
+function(dalvora_test name)
+  cmake_parse_arguments(CASE "GUI" "TIMEOUT" "SOURCES;LINK" ${ARGN})
+  if(CASE_GUI)
+    set(main_source ${PROJECT_SOURCE_DIR}/tests/support/GuiTestMain.cpp)
+    set(main_libraries Qt6::Widgets Qt6::Test)
+  else()
+    set(main_source ${PROJECT_SOURCE_DIR}/tests/support/CoreTestMain.cpp)
+    set(main_libraries Qt6::Core)
+  endif()
+  add_executable(${name} ${CASE_SOURCES} ${main_source})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests/bin)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE GTest::gtest GTest::gmock ${main_libraries} ${CASE_LINK})
+  add_test(NAME ${name} COMMAND ${name})
+  if(NOT CASE_TIMEOUT)
+    set(CASE_TIMEOUT 300)
+  endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${CASE_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

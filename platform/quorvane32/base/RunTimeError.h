@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+
+namespace quorvane {
+
+/// Numbers of the run-time errors that the programs of the ERP test for or show.
+enum RunTimeErrorNumber : int {
+    ErrorInvalidCall = 5,
+    ErrorOverflow = 6,
+    ErrorSubscript = 9,
+    ErrorTypeMismatch = 13,
+    ErrorFileNotFound = 53,
+    ErrorFileExists = 58,
+    ErrorDiskFull = 61,
+    ErrorPermissionDenied = 70,
+    ErrorPathAccess = 75,
+    ErrorObjectNotSet = 91,
+    ErrorInvalidNull = 94,
+    ErrorCannotCreateObject = 429,
+    ErrorLockTimeout = 1222,
+    ErrorDuplicateIndex = 2601,
+    ErrorDuplicateKey = 2627,
+    ErrorItemNotFound = 3265,
+    ErrorObjectClosed = 3704,
+    ErrorRefusedStatement = 3705,
+    ErrorConnectionLost = 3709,
+};
+
+/// The one exception type of the system: a number and a description in Spanish, as message boxes show them.
+class RunTimeError : public std::exception {
+public:
+    RunTimeError(int number, QString description)
+        : m_number(number), m_description(std::move(description)), m_utf8(m_description.toUtf8()) {}
+
+    int number() const { return m_number; }
+    const QString& description() const { return m_description; }
+    const char* what() const noexcept override { return m_utf8.constData(); }
+
+private:
+    int m_number;
+    QString m_description;
+    QByteArray m_utf8;
+};
+
+/// Raises the given number with its standard Spanish description (6 "Desbordamiento", 9 "Subíndice fuera del
+/// intervalo", 13 "No coinciden los tipos", ...).
+[[noreturn]] void raise(int number);
+
+} // namespace quorvane
