@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/quorvane32/core/Recordset.h"
+#include <QString>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace quorvane {
+
+/// An error that the database reported, with the number that programs test for.
+struct NativeError {
+    int number = 0;
+    QString text;
+};
+
+/// The one door to the ERP's database. Statements are given in the ERP server's SQL, finished, and reach the
+/// engine through its dialect. Every operation can raise the database's errors as RunTimeError; errors()
+/// keeps those of the last operation. After a lost connection the error goes to the caller and the next
+/// command reconnects, but never inside a transaction: that one fails until it has been rolled back.
+class Connection {
+public:
+    using EngineOpener = std::function<std::unique_ptr<Engine>(const QString& connectString)>;
+    using StatementObserver = std::function<void(const QString& sql)>;
+
+    explicit Connection(EngineOpener opener = openEngine);
+
+    void open(const QString& connectString);
+    void close();
+    bool isOpen() const { return !m_connectString.isEmpty(); }
+    const QString& connectString() const { return m_connectString; }
+
+    /// Error 3705 when the text is anything but one SELECT.
+    Recordset openRecordset(const QString& sql);
+    /// Runs one statement and returns the number of rows that it affected.
+    qint64 execute(const QString& sql);
+    /// Affected rows of the last executed statement.
+    qint64 affectedRows() const { return m_affectedRows; }
+
+    /// Transactions do not nest: a second beginTrans is error 5.
+    void beginTrans();
+    void commitTrans();
+    /// Never raises: what cannot be rolled back has not been stored.
+    void rollbackTrans() noexcept;
+    bool inTransaction() const { return m_inTransaction; }
+
+    const std::vector<NativeError>& errors() const { return m_errors; }
+
+    /// Called with every statement exactly as it was given, before it runs.
+    void setStatementObserver(StatementObserver observer) { m_observer = std::move(observer); }
+
+private:
+    Engine& engine();
+    template<class Operation> auto guarded(Operation&& operation);
+
+    EngineOpener m_opener;
+    StatementObserver m_observer;
+    QString m_connectString;
+    std::unique_ptr<Engine> m_engine;
+    std::vector<NativeError> m_errors;
+    qint64 m_affectedRows = 0;
+    bool m_inTransaction = false;
+};
+
+} // namespace quorvane
