@@ -1,0 +1,165 @@
+#pragma once
+
+#include "data/CommissionReport.h"
+#include "data/DBDetail.h"
+#include "data/DBMonto.h"
+#include "data/DBPrecio.h"
+#include "data/LineCollection.h"
+#include "platform/quorvane32/base/Date.h"
+#include "platform/quorvane32/base/RegionalSettings.h"
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace quorvane {
+class Connection;
+class Session;
+} // namespace quorvane
+
+namespace dalvora {
+
+/// A currency of the company.
+struct CurrencyEntry {
+    QString code;
+    int decimals = 0;
+    QString format; ///< number format, as "###,##0.00"
+};
+
+/// The commission scheme on screen: a header, three collections of lines, the position of the last error and
+/// the company's configuration. There is one for the program's lifetime. Operations show their own messages;
+/// only positions out of range leave them as an error (9).
+class DBTable {
+public:
+    /// Everything given must outlive the record.
+    DBTable(quorvane::Connection& connection, quorvane::Session& session,
+            const quorvane::RegionalSettings& regional);
+    ~DBTable();
+    DBTable(const DBTable&) = delete;
+    DBTable& operator=(const DBTable&) = delete;
+
+    /// Empties the three collections and puts one empty line into each.
+    void carga_inicio();
+    /// Header columns as text: 1 company, 2 code, 3 description, 4 percentage, 5 start date, 6 end date; ""
+    /// for any other.
+    QString TextValue(int column) const;
+    /// Converts, checks and stores a header column; `SysErrorCol` keeps the column of a refused text.
+    void setTextValue(int column, const QString& pValue);
+    /// Checks the header and, when asked, every line that is not empty. False leaves the error's position.
+    bool Validate(bool ValidateRows = false);
+    /// The choices of a line column (1 kind of concept, 7 calculation), the first one empty.
+    QStringList ListValue(int column) const;
+    /// Accepts the key of a record to open. The record takes nothing from it: the caller assigns the code.
+    bool SetKeyByString(const QString& StrKeys);
+
+    bool SysAllowRead() const;
+    bool SysAllowWrite() const;
+    bool SysAllowDelete() const;
+    bool SysAllowExecute() const;
+
+    /// The line at a position that starts at 1; error 9 out of range.
+    DBDetail& Details(int Index) { return m_details.line(Index); }
+    DBPrecio& Precios(int Index) { return m_precios.line(Index); }
+    DBMonto& montos(int Index) { return m_montos.line(Index); }
+    /// A new empty line before the given position, else at the end; error 9 out of range.
+    DBDetail& DetailsAdd(std::optional<int> Index = {}) { return m_details.add(Index); }
+    DBMonto& MontosAdd(std::optional<int> Index = {}) { return m_montos.add(Index); }
+    DBPrecio& PreciosAdd(std::optional<int> Index = {}) { return m_precios.add(Index); }
+    int MontosCount() const { return m_montos.count(); }
+    int PreciosCount() const { return m_precios.count(); }
+    int DetailsCount() const { return m_details.count(); }
+    /// Removing the only amount or price-list line leaves a new empty one; the product collection can become
+    /// empty, and the caller then calls carga_inicio. Error 9 out of range.
+    void MontosRemove(int Index) { m_montos.remove(Index); }
+    void PreciosRemove(int Index) { m_precios.remove(Index); }
+    void DetailsRemove(int Index) { m_details.remove(Index); }
+    /// The same collections for code that treats the kinds alike.
+    LineList& lines(LineKind kind);
+
+    /// Loads the company's configuration; False when the program cannot run (told).
+    bool DBInitialize();
+    void DBTerminate();
+    /// Reads by code and dates; `Pos` is ignored: every read looks up what the record holds. True also when
+    /// nothing was found (`SysRecordFound` tells). The caller then calls SaveDates.
+    bool DBRead(int Pos = 0);
+    bool DBWrite(bool WithValidate = false);
+    bool DBDelete();
+    /// Forgets the loaded record, but for the header fields and the price-list lines.
+    bool DBClear();
+
+    /// Whether closing now would lose an entry: a changed date, line or removed line not yet saved.
+    bool hasUnsavedChanges() const;
+
+    const QString& Codigo() const { return m_Codigo; }
+    const QString& Descripcion() const { return m_Descripcion; }
+    double Porcentaje() const { return m_Porcentaje; }
+    quorvane::Date FECHAINICIO() const { return m_FECHAINICIO; }
+    quorvane::Date FechaFinal() const { return m_FechaFinal; }
+    quorvane::Date save_FechaInicio() const { return m_save_FechaInicio; }
+    quorvane::Date save_FechaFinal() const { return m_save_FechaFinal; }
+    void setSave_FechaInicio(quorvane::Date date) { m_save_FechaInicio = date; }
+    void setSave_FechaFinal(quorvane::Date date) { m_save_FechaFinal = date; }
+    /// Takes the current dates as those of the stored row: due right after a successful read.
+    void SaveDates();
+    /// Empties both dates and their saved copies.
+    void ClearDates();
+
+    const std::vector<CurrencyEntry>& currencies() const { return m_currencies; }
+    const QStringList& units() const { return m_units; }
+
+    /// Plugs in the report side; without one there are no reports to list.
+    void setReport(std::unique_ptr<CommissionReport> report);
+
+    quorvane::Connection& connection() const { return m_connection; }
+    const quorvane::RegionalSettings& regional() const { return m_regional; }
+
+    /// The last read found the record in the database.
+    bool SysRecordFound = false;
+    /// A record, stored or new, is loaded for editing.
+    bool SysRecordEnabled = false;
+    /// The period was changed.
+    bool SysRecordModified = false;
+    /// Column of the last failed assignment or check, 0 when none.
+    int SysErrorCol = 0;
+    /// 0 header, 1 lines, -1 none.
+    int SysErrorTable = 0;
+    /// Position of the failing line, empty ones counted; 0 when none.
+    int SysErrorRow = 0;
+    /// Collection of the failing line: 1 products, 2 amounts, 3 price lists, 0 when none.
+    int Grilla = 0;
+    /// "S" when percentages accumulate, else "N".
+    QString Acumulable;
+    QString SysEmpresa;
+    /// Number format of quantities.
+    QString SysFormatNum;
+    /// Decimals of quantities.
+    qint16 SysDecimales = 0;
+    /// Local currency.
+    QString SysMoneda;
+    bool LecturaTotal = false;
+
+private:
+    quorvane::Connection& m_connection;
+    quorvane::Session& m_session;
+    const quorvane::RegionalSettings& m_regional;
+    std::unique_ptr<CommissionReport> m_report;
+
+    QString m_empresa;
+    QString m_Codigo;
+    QString m_Descripcion;
+    double m_Porcentaje = 0;
+    quorvane::Date m_FECHAINICIO;
+    quorvane::Date m_FechaFinal;
+    quorvane::Date m_save_FechaInicio;
+    quorvane::Date m_save_FechaFinal;
+    /// Prefix of the audit texts.
+    QString m_keyText;
+    LineCollection<DBDetail> m_details;
+    LineCollection<DBMonto> m_montos;
+    LineCollection<DBPrecio> m_precios;
+    std::vector<CurrencyEntry> m_currencies;
+    QStringList m_units;
+};
+
+} // namespace dalvora
