@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Recordset.h"
 #include <QString>
 #include <functional>
@@ -18,6 +19,7 @@ struct NativeError {
 /// engine through its dialect. Every operation can raise the database's errors as RunTimeError; errors()
 /// keeps those of the last operation. After a lost connection the error goes to the caller and the next
 /// command reconnects, but never inside a transaction: that one fails until it has been rolled back.
+/// Recordsets may not outlive their connection.
 class Connection {
 public:
     using EngineOpener = std::function<std::unique_ptr<Engine>(const QString& connectString)>;
@@ -50,7 +52,9 @@ public:
     void setStatementObserver(StatementObserver observer) { m_observer = std::move(observer); }
 
 private:
+    /// The open engine; a lost one is opened anew first.
     Engine& engine();
+    void note(const RunTimeError& error);
     template<class Operation> auto guarded(Operation&& operation);
 
     EngineOpener m_opener;
@@ -60,6 +64,7 @@ private:
     std::vector<NativeError> m_errors;
     qint64 m_affectedRows = 0;
     bool m_inTransaction = false;
+    bool m_lost = false;
 };
 
 } // namespace quorvane

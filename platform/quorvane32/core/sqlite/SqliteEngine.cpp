@@ -1,0 +1,143 @@
+#include "platform/quorvane32/core/sqlite/SqliteEngine.h"
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/ConnectString.h"
+#include "platform/quorvane32/core/sqlite/SqliteCursor.h"
+#include <sqlite3.h>
+
+namespace quorvane {
+
+namespace sqlite {
+
+namespace {
+
+constexpr std::size_t mostCompiled = 32;
+
+QString columnText(sqlite3_stmt* statement, int column) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+}
+
+/// Reads which columns are dates; also the first look into the file, where one that is no database is told.
+DateColumns readDateColumns(sqlite3* database) {
+    DateColumns columns;
+    const Statement statement =
+        prepare(database, "SELECT t.name, c.name, upper(c.type) FROM sqlite_master t, "
+                          "pragma_table_info(t.name) c WHERE t.type IN ('table', 'view')");
+    int result = SQLITE_ROW;
+    while ((result = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        const QString type = columnText(statement.get(), 2);
+        columns.add(columnText(statement.get(), 0), columnText(statement.get(), 1),
+                    type.startsWith(QLatin1String("DATE")));
+    }
+    if (result != SQLITE_DONE)
+        raiseLastError(database);
+    return columns;
+}
+
+/// Readers never wait for a writer in this mode. A file that cannot be written stays as it is.
+void useWriteAheadLog(sqlite3* database) {
+    sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+SqliteEngine::SqliteEngine(const QString& path, int timeout)
+    : m_database(open(path, Access::ReadWrite, timeout)), m_dialect(readDateColumns(m_database.get())) {
+    useWriteAheadLog(m_database.get());
+}
+
+std::unique_ptr<Cursor> SqliteEngine::select(const QString& sql) {
+    const SqliteDialect::Query query = m_dialect.adaptQuery(sql);
+    Statement statement = prepare(m_database.get(), query.sql);
+    if (!sqlite3_stmt_readonly(statement.get()))
+        throw RunTimeError(ErrorRefusedStatement, QStringLiteral("Una consulta no puede guardar datos"));
+    for (std::size_t i = 0; i < query.parameters.size(); ++i)
+        bind(statement.get(), static_cast<int>(i) + 1, query.parameters[i]);
+    return std::make_unique<SqliteCursor>(m_database, std::move(statement));
+}
+
+SqliteEngine::Compiled& SqliteEngine::compiled(const QString& sql, const QString& shape) {
+    for (auto it = m_compiled.begin(); it != m_compiled.end(); ++it) {
+        if (it->shape != shape)
+            continue;
+        m_compiled.splice(m_compiled.begin(), m_compiled, it);
+        return m_compiled.front();
+    }
+    Statement statement = prepare(m_database.get(), m_dialect.adaptShape(shape));
+    if (m_compiled.size() >= mostCompiled)
+        m_compiled.pop_back();
+    m_compiled.push_front({shape, m_dialect.dateLiterals(sql), std::move(statement)});
+    return m_compiled.front();
+}
+
+qint64 SqliteEngine::execute(const QString& sql) {
+    const SqliteDialect::Command command = m_dialect.split(sql);
+    if (!command.bound) {
+        const Statement statement = prepare(m_database.get(), m_dialect.adaptShape(command.shape));
+        return runToEnd(statement.get());
+    }
+    Compiled& entry = compiled(sql, command.shape);
+    for (std::size_t i = 0; i < command.literals.size(); ++i)
+        bind(entry.statement.get(), static_cast<int>(i) + 1,
+             SqliteDialect::parameter(sql, command.literals[i], entry.dates[i]));
+    return runToEnd(entry.statement.get());
+}
+
+void SqliteEngine::bind(sqlite3_stmt* statement, int position, const Parameter& parameter) {
+    int result = SQLITE_OK;
+    if (const auto* whole = std::get_if<qint64>(&parameter))
+        result = sqlite3_bind_int64(statement, position, *whole);
+    else if (const auto* number = std::get_if<double>(&parameter))
+        result = sqlite3_bind_double(statement, position, *number);
+    else if (const auto* text = std::get_if<QByteArray>(&parameter))
+        result = sqlite3_bind_text(statement, position, text->constData(), static_cast<int>(text->size()),
+                                   SQLITE_TRANSIENT);
+    if (result != SQLITE_OK)
+        raiseLastError(m_database.get());
+}
+
+qint64 SqliteEngine::runToEnd(sqlite3_stmt* statement) {
+    int result = SQLITE_ROW;
+    while (result == SQLITE_ROW)
+        result = sqlite3_step(statement);
+    if (result != SQLITE_DONE) {
+        sqlite3_reset(statement);
+        raiseLastError(m_database.get());
+    }
+    const qint64 affected = sqlite3_stmt_readonly(statement) ? 0 : sqlite3_changes64(m_database.get());
+    sqlite3_reset(statement);
+    return affected;
+}
+
+void SqliteEngine::begin() {
+    run(m_database.get(), "BEGIN IMMEDIATE");
+}
+
+void SqliteEngine::commit() {
+    // A full disk or a failed write may have ended the transaction already.
+    if (sqlite3_get_autocommit(m_database.get()))
+        throw RunTimeError(ErrorConnectionLost, QStringLiteral("La base de datos deshizo la transacción"));
+    run(m_database.get(), "COMMIT");
+}
+
+void SqliteEngine::rollback() {
+    if (!sqlite3_get_autocommit(m_database.get()))
+        run(m_database.get(), "ROLLBACK");
+}
+
+} // namespace sqlite
+
+std::unique_ptr<Engine> openEngine(const QString& connectString) {
+    constexpr int usualTimeout = 5000;
+    const ConnectString options = ConnectString::parse(connectString);
+    const QString driver = options.value(QStringLiteral("driver"));
+    if (driver.compare(QLatin1String("sqlite"), Qt::CaseInsensitive) != 0)
+        throw RunTimeError(
+            ErrorCannotCreateObject,
+            QStringLiteral("Este programa no tiene controlador para la base de datos '%1'").arg(driver));
+    bool ok = false;
+    const int timeout = options.value(QStringLiteral("timeout")).toInt(&ok);
+    return std::make_unique<sqlite::SqliteEngine>(options.value(QStringLiteral("database")),
+                                                  ok ? timeout : usualTimeout);
+}
+
+} // namespace quorvane

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/quorvane32/core/Engine.h"
+#include "platform/quorvane32/core/sqlite/SqliteDialect.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include <list>
+
+namespace quorvane::sqlite {
+
+/// The embedded database. Write transactions are immediate: a save waits for another program's write at its
+/// start and never loses a lock half way. Connect string: Driver=sqlite;Database=path[;Timeout=milliseconds].
+class SqliteEngine final : public Engine {
+public:
+    SqliteEngine(const QString& path, int timeout);
+
+    std::unique_ptr<Cursor> select(const QString& sql) override;
+    qint64 execute(const QString& sql) override;
+    void begin() override;
+    void commit() override;
+    void rollback() override;
+
+private:
+    /// A compiled statement, found again by its shape.
+    struct Compiled {
+        QString shape;
+        std::vector<bool> dates;
+        Statement statement;
+    };
+    Compiled& compiled(const QString& sql, const QString& shape);
+    void bind(sqlite3_stmt* statement, int position, const Parameter& parameter);
+    qint64 runToEnd(sqlite3_stmt* statement);
+
+    Handle m_database;
+    SqliteDialect m_dialect;
+    std::list<Compiled> m_compiled;
+};
+
+} // namespace quorvane::sqlite

@@ -1,0 +1,164 @@
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace quorvane;
+
+namespace {
+
+class SqliteEngineTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        path = folder.filePath("erp.db");
+        const auto database = sqlite::open(path, sqlite::Access::Create, 100);
+        sqlite::run(
+            database.get(),
+            "CREATE TABLE t (Codigo TEXT COLLATE ERP_ES PRIMARY KEY, Valor DECIMAL(18,6), Medida REAL,"
+            " Fecha DATE NOT NULL DEFAULT '1900-01-01', Veces INTEGER)");
+        connection.open(connectString());
+    }
+
+    QString connectString(int timeout = 100) const {
+        return QStringLiteral("Driver=sqlite;Database=%1;Timeout=%2").arg(path).arg(timeout);
+    }
+
+    template<class Action> static int errorOf(Action action) {
+        try {
+            action();
+            return 0;
+        } catch (const RunTimeError& error) {
+            return error.number();
+        }
+    }
+
+    QTemporaryDir folder;
+    QString path;
+    Connection connection;
+};
+
+} // namespace
+
+TEST_F(SqliteEngineTest, ValuesComeInTheKindsOfTheirColumns) {
+    connection.execute("INSERT INTO t VALUES ('a', 2.5, 2.5, '05/03/2006', 7)");
+    Recordset rows = connection.openRecordset("SELECT * FROM t");
+    ASSERT_FALSE(rows.eof());
+    EXPECT_EQ(rows.value(u"codigo").kind(), Kind::String);
+    EXPECT_EQ(rows.value(u"VALOR").kind(), Kind::Decimal);
+    EXPECT_EQ(rows.value(u"Medida").kind(), Kind::Double);
+    EXPECT_EQ(rows.value(u"Fecha").kind(), Kind::Date);
+    EXPECT_EQ(rows.value(u"Veces").kind(), Kind::Long);
+    EXPECT_EQ(rows.value(u"Fecha").toText(RegionalSettings()), "05/03/2006");
+    EXPECT_EQ(rows.fieldName(1), "Valor");
+    rows.moveNext();
+    EXPECT_TRUE(rows.eof());
+    EXPECT_EQ(errorOf([&] { (void)rows.value(0); }), ErrorNoCurrentRecord);
+    EXPECT_EQ(errorOf([&] { (void)rows.ordinal(u"nada"); }), ErrorItemNotFound);
+}
+
+TEST_F(SqliteEngineTest, ExactColumnHoldingAWholeNumberStaysExact) {
+    connection.execute("INSERT INTO t (Codigo, Valor, Medida) VALUES ('a', 10, 10)");
+    Recordset rows = connection.openRecordset("SELECT Valor, Medida, sum(Valor) AS s FROM t");
+    EXPECT_EQ(rows.value(0).kind(), Kind::Decimal);
+    EXPECT_EQ(rows.value(1).kind(), Kind::Double);
+    EXPECT_EQ(rows.value(1).toText(RegionalSettings()), "10");
+}
+
+TEST_F(SqliteEngineTest, TextsCompareAsOnTheServer) {
+    connection.execute(u"INSERT INTO t (Codigo) VALUES ('Año')"_qs);
+    EXPECT_FALSE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo = 'AÑO '"_qs).eof());
+    EXPECT_TRUE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo = 'Ano'"_qs).eof());
+    EXPECT_FALSE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo LIKE '%Ñ%'"_qs).eof());
+    EXPECT_EQ(errorOf([&] { connection.execute(u"INSERT INTO t (Codigo) VALUES ('aÑo')"_qs); }),
+              ErrorDuplicateKey);
+    ASSERT_EQ(connection.errors().size(), 1U);
+    EXPECT_EQ(connection.errors().back().number, ErrorDuplicateKey);
+}
+
+TEST_F(SqliteEngineTest, NulAndEmojiSurviveWritingAndSearching) {
+    const QString odd = u"a"_qs + QChar(u'\0') + u"b😀'"_qs;
+    QString literal = odd;
+    literal.replace("'", "''");
+    connection.execute(QStringLiteral("INSERT INTO t (Codigo) VALUES ('%1')").arg(literal));
+    Recordset rows =
+        connection.openRecordset(QStringLiteral("SELECT Codigo FROM t WHERE Codigo = '%1'").arg(literal));
+    ASSERT_FALSE(rows.eof());
+    EXPECT_EQ(rows.value(0).toText(RegionalSettings()), odd);
+}
+
+TEST_F(SqliteEngineTest, AffectedRowsAreThoseOfTheLastCommand) {
+    connection.execute("INSERT INTO t (Codigo) VALUES ('a'), ('b')");
+    EXPECT_EQ(connection.affectedRows(), 2);
+    connection.execute("UPDATE t SET Veces = 1 WHERE Codigo = 'c'");
+    EXPECT_EQ(connection.affectedRows(), 0);
+    EXPECT_EQ(connection.execute("DELETE FROM t"), 2);
+}
+
+TEST_F(SqliteEngineTest, RecordsetRefusesAnythingButOneSelect) {
+    EXPECT_EQ(errorOf([&] { connection.openRecordset("DELETE FROM t"); }), ErrorRefusedStatement);
+    EXPECT_EQ(errorOf([&] { connection.openRecordset("SELECT 1; DELETE FROM t"); }), ErrorRefusedStatement);
+    EXPECT_EQ(errorOf([&] { connection.execute("DELETE FROM t; DELETE FROM t"); }), ErrorRefusedStatement);
+}
+
+TEST_F(SqliteEngineTest, MisspeltColumnIsAnErrorNotAText) {
+    EXPECT_NE(errorOf([&] { connection.openRecordset("SELECT \"nada\" FROM t"); }), 0);
+}
+
+TEST_F(SqliteEngineTest, RollbackLeavesNothing) {
+    connection.beginTrans();
+    connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
+    EXPECT_EQ(errorOf([&] { connection.beginTrans(); }), ErrorInvalidCall);
+    connection.rollbackTrans();
+    EXPECT_TRUE(connection.openRecordset("SELECT 1 FROM t").eof());
+    EXPECT_EQ(errorOf([&] { connection.commitTrans(); }), ErrorInvalidCall);
+}
+
+TEST_F(SqliteEngineTest, AnotherWritersLockIsWaitedForThenReported) {
+    Connection other;
+    other.open(connectString());
+    other.beginTrans();
+    EXPECT_EQ(errorOf([&] { connection.beginTrans(); }), ErrorLockTimeout);
+    EXPECT_FALSE(connection.inTransaction());
+    Connection patient;
+    patient.open(connectString(10000));
+    std::thread writer([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        other.commitTrans();
+    });
+    EXPECT_EQ(errorOf([&] { patient.beginTrans(); }), 0);
+    writer.join();
+    patient.commitTrans();
+}
+
+TEST_F(SqliteEngineTest, ReadersDoNotWaitForAWriter) {
+    Connection other;
+    other.open(connectString());
+    other.beginTrans();
+    other.execute("INSERT INTO t (Codigo) VALUES ('a')");
+    EXPECT_TRUE(connection.openRecordset("SELECT 1 FROM t").eof());
+    other.commitTrans();
+    EXPECT_FALSE(connection.openRecordset("SELECT 1 FROM t").eof());
+}
+
+TEST_F(SqliteEngineTest, FilesThatAreNoDatabaseAreTold) {
+    Connection other;
+    EXPECT_EQ(errorOf([&] { other.open("Driver=sqlite;Database=" + folder.filePath("missing.db")); }),
+              ErrorFileNotFound);
+    const QString rubbish = folder.filePath("rubbish.db");
+    QFile file(rubbish);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(5000, 'x'));
+    file.close();
+    EXPECT_EQ(errorOf([&] { other.open("Driver=sqlite;Database=" + rubbish); }), ErrorDatabaseFormat);
+    EXPECT_EQ(errorOf([&] { other.open("Driver=nada"); }), ErrorCannotCreateObject);
+    EXPECT_EQ(errorOf([&] { other.execute("DELETE FROM t"); }), ErrorObjectClosed);
+}
+
+TEST_F(SqliteEngineTest, CompiledCommandSurvivesAChangeOfTheTable) {
+    connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
+    connection.execute("ALTER TABLE t ADD COLUMN Nuevo TEXT");
+    EXPECT_EQ(connection.execute("INSERT INTO t (Codigo) VALUES ('b')"), 1);
+}
