@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/quorvane32/grid/XGridClient.h"
+#include "platform/quorvane32/grid/XGridColumn.h"
+#include <QFrame>
+#include <memory>
+
+namespace quorvane {
+
+struct XGridState;
+class XGridView;
+
+/// A virtual grid for entry as in a spreadsheet. It holds no cell text: it asks its client for every cell
+/// that it shows and hands every edit back, so it costs the same for ten rows and for 100,000. Rows count the
+/// caption row 0, columns count from 0. Numbers outside the grid raise error 9.
+class XGrid : public QFrame {
+    Q_OBJECT
+public:
+    explicit XGrid(QWidget* parent = nullptr);
+    ~XGrid() override;
+
+    /// The client is not owned and must outlive the grid or be taken away with a null pointer.
+    void setClient(XGridClient* client);
+
+    int cols() const;
+    /// Sets the number of columns; new ones are empty and 960 twips wide.
+    void setCols(int cols);
+    /// Number of rows with the caption row; 1 at first.
+    int rows() const;
+    void setRows(int rows);
+
+    /// The cursor. Row 0 is the caption row, where no cell is current for the user. Moving the cursor commits
+    /// an edit in progress and scrolls the cell into view.
+    int row() const;
+    void setRow(int row);
+    int col() const;
+    void setCol(int col);
+    /// The first visible row; setting it scrolls the row to the top as far as the rows below allow.
+    int topRow() const;
+    void setTopRow(int row);
+
+    /// The client's text of a cell, for row 0 the column's caption.
+    QString text(int row, int col) const;
+    XGridColumn& column(int index);
+
+    /// Properties of the inner grid object by name: "FocusRect" (0 no frame around the current cell),
+    /// "HighLight" (selection tint: 0 never, 1 always, 2 only with the focus), "CellBackColor" (back colour
+    /// of the current cell). Any other name raises error 5.
+    void setInner(const QString& name, quint32 value);
+
+    /// Colour of the grid lines and tint of the selection, in blue-green-red order; the top byte is ignored.
+    quint32 firstColor() const;
+    void setFirstColor(quint32 color);
+    quint32 fourthColor() const;
+    void setFourthColor(quint32 color);
+
+    /// Shows a row or everything anew.
+    void refreshRow(int row);
+    void refresh();
+
+    bool isEditing() const;
+    /// Hands an edit in progress to the client; false when the client refused it. Losing the focus does this
+    /// by itself; a form that closes without moving the focus calls it first.
+    bool commitEdit();
+
+Q_SIGNALS:
+    /// The cursor moved to another cell.
+    void cursorMoved();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void columnDragged(int column, int width);
+
+    std::unique_ptr<XGridState> m_state;
+    XGridView* m_view;
+    bool m_draggingColumn = false;
+};
+
+} // namespace quorvane

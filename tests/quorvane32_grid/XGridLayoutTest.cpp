@@ -1,0 +1,143 @@
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "tests/quorvane32_grid/GridSupport.h"
+#include <QHeaderView>
+#include <QTest>
+
+using quorvane::XGrid;
+
+class XGridLayout : public GridTest {
+protected:
+    QColor cellColor(int row, int col) {
+        const QImage picture = view->viewport()->grab().toImage();
+        return picture.pixelColor((cell(row, col).topLeft() + QPoint(2, 2)) * picture.devicePixelRatio());
+    }
+    QColor captionColor(int col) {
+        QHeaderView* header = view->horizontalHeader();
+        const QImage picture = header->viewport()->grab().toImage();
+        return picture.pixelColor(QPoint(header->sectionViewportPosition(col) + 1, 1) *
+                                  picture.devicePixelRatio());
+    }
+};
+
+TEST_F(XGridLayout, NewGridHasTheCaptionRowOnly) {
+    const XGrid fresh;
+    EXPECT_EQ(fresh.rows(), 1);
+    EXPECT_EQ(fresh.cols(), 0);
+    EXPECT_EQ(fresh.row(), 0);
+}
+
+TEST_F(XGridLayout, WidthsAreTwipsOfTheScreen) {
+    grid->column(2).setWidth(1800);
+    EXPECT_EQ(view->columnWidth(2), qRound(120 * view->logicalDpiX() / 96.0));
+    grid->column(2).setWidth(0);
+    EXPECT_TRUE(view->isColumnHidden(2));
+    grid->column(2).setWidth(1500);
+    EXPECT_FALSE(view->isColumnHidden(2));
+    EXPECT_TRUE(view->isColumnHidden(0));
+}
+
+TEST_F(XGridLayout, DraggedColumnEdgeChangesTheWidth) {
+    view->horizontalHeader()->resizeSection(4, qRound(200 * view->logicalDpiX() / 96.0));
+    EXPECT_EQ(grid->column(4).width(), 3000);
+}
+
+TEST_F(XGridLayout, CellBackColorOfRowZeroTintsTheCaption) {
+    grid->setRow(0);
+    for (int c = 0; c < grid->cols(); ++c) {
+        grid->setCol(c);
+        grid->setInner(QStringLiteral("CellBackColor"), 0xFFE0E0);
+    }
+    EXPECT_EQ(captionColor(2), QColor(0xE0, 0xE0, 0xFF));
+    fill(1);
+    EXPECT_EQ(captionColor(4), QColor(0xE0, 0xE0, 0xFF)) << "the tint outlives the rows";
+}
+
+TEST_F(XGridLayout, CellBackColorTintsTheCurrentCellOnly) {
+    fill(2);
+    at(1, 3);
+    grid->setInner(QStringLiteral("CellBackColor"), 0x0000FF);
+    at(2, 4);
+    EXPECT_EQ(cellColor(1, 3), QColor(Qt::red));
+    EXPECT_NE(cellColor(1, 2), QColor(Qt::red));
+}
+
+TEST_F(XGridLayout, SelectionTintShowsWhileTheGridHasTheFocus) {
+    fill(2);
+    grid->setFourthColor(0xFFCECE);
+    at(1, 3);
+    EXPECT_EQ(cellColor(1, 3), QColor(0xCE, 0xCE, 0xFF));
+    other->setFocus();
+    EXPECT_NE(cellColor(1, 3), QColor(0xCE, 0xCE, 0xFF));
+    grid->setInner(QStringLiteral("HighLight"), 1);
+    EXPECT_EQ(cellColor(1, 3), QColor(0xCE, 0xCE, 0xFF));
+    grid->setInner(QStringLiteral("HighLight"), 0);
+    EXPECT_NE(cellColor(1, 3), QColor(0xCE, 0xCE, 0xFF));
+}
+
+TEST_F(XGridLayout, FirstColorIsTheLineColourAndItsTopByteIsIgnored) {
+    fill(2);
+    grid->setFirstColor(0x020000FF);
+    EXPECT_EQ(grid->firstColor(), 0xFFU);
+    const QImage picture = view->viewport()->grab().toImage();
+    const QRect box = cell(1, 2);
+    EXPECT_EQ(picture.pixelColor(QPoint(box.left() + 3, box.bottom()) * picture.devicePixelRatio()),
+              QColor(Qt::red));
+}
+
+TEST_F(XGridLayout, CaptionThatDoesNotFitTakesAnotherLine) {
+    const int oneLine = view->horizontalHeader()->height();
+    grid->column(4).setWidth(900);
+    grid->column(4).setCaption(QStringLiteral("Calcular en base a:"));
+    QTest::qWait(1);
+    EXPECT_GE(view->horizontalHeader()->height(), oneLine + view->fontMetrics().height());
+}
+
+TEST_F(XGridLayout, RowsAreTallEnoughForTheirFont) {
+    fill(1);
+    QFont large = grid->font();
+    large.setPointSize(24);
+    grid->setFont(large);
+    EXPECT_GE(view->rowHeight(0), QFontMetrics(large).height() + 2);
+}
+
+TEST_F(XGridLayout, TopRowScrollsARowToTheTop) {
+    fill(500);
+    grid->setTopRow(300);
+    EXPECT_EQ(grid->topRow(), 300);
+    grid->setTopRow(501);
+    EXPECT_LT(grid->topRow(), 501) << "the last rows fill the window";
+}
+
+TEST_F(XGridLayout, NumbersOutsideTheGridRaiseError9) {
+    fill(2);
+    const auto errorOf = [](const auto& act) {
+        try {
+            act();
+        } catch (const quorvane::RunTimeError& error) {
+            return error.number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(errorOf([this] { grid->setRow(4); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->setRow(-1); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->setCol(5); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->setRows(-1); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->column(5); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->column(1).setListItem(3, QString()); }), 9);
+    EXPECT_EQ(errorOf([this] { grid->setInner(QStringLiteral("Nada"), 1); }), 5);
+    EXPECT_EQ(errorOf([this] { grid->setRow(3); }), 0);
+}
+
+TEST_F(XGridLayout, TextAsksTheClientAndNamesCaptions) {
+    fill(1);
+    grid->column(2).setCaption(QStringLiteral("Producto"));
+    EXPECT_EQ(grid->text(0, 2), QStringLiteral("Producto"));
+    EXPECT_EQ(grid->text(1, 2), QStringLiteral("F1"));
+    EXPECT_EQ(grid->text(9, 2), QString());
+}
+
+TEST_F(XGridLayout, LongTextShowsWholeInItsToolTip) {
+    fill(1);
+    client->lines[0][3] = QString(200, u'w');
+    EXPECT_FALSE(view->viewport()->grab().isNull());
+}
