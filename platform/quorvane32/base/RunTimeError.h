@@ -9,6 +9,7 @@ namespace quorvane {
 enum RunTimeErrorNumber : int {
     ErrorInvalidCall = 5,
     ErrorOverflow = 6,
+    ErrorOutOfMemory = 7,
     ErrorSubscript = 9,
     ErrorTypeMismatch = 13,
     ErrorFileNotFound = 53,
@@ -18,6 +19,7 @@ enum RunTimeErrorNumber : int {
     ErrorPathAccess = 75,
     ErrorObjectNotSet = 91,
     ErrorInvalidNull = 94,
+    ErrorFileFormat = 321,
     ErrorCannotCreateObject = 429,
     ErrorLockTimeout = 1222,
     ErrorDuplicateIndex = 2601,
