@@ -136,8 +136,11 @@ std::unique_ptr<Engine> openEngine(const QString& connectString) {
             QStringLiteral("Este programa no tiene controlador para la base de datos '%1'").arg(driver));
     bool ok = false;
     const int timeout = options.value(QStringLiteral("timeout")).toInt(&ok);
-    return std::make_unique<sqlite::SqliteEngine>(options.value(QStringLiteral("database")),
-                                                  ok ? timeout : usualTimeout);
+    auto engine = std::make_unique<sqlite::SqliteEngine>(options.value(QStringLiteral("database")),
+                                                         ok ? timeout : usualTimeout);
+    if (options.value(QStringLiteral("synchronous")).compare(u"normal", Qt::CaseInsensitive) == 0)
+        engine->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    return engine;
 }
 
 } // namespace quorvane

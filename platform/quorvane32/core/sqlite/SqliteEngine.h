@@ -8,7 +8,8 @@
 namespace quorvane::sqlite {
 
 /// The embedded database. Write transactions are immediate: a save waits for another program's write at its
-/// start and never loses a lock half way. Connect string: Driver=sqlite;Database=path[;Timeout=milliseconds].
+/// start and never loses a lock half way. Connect string: Driver=sqlite;Database=path[;Timeout=milliseconds]
+/// [;Synchronous=normal]; the last leaves it to the next full commit to reach the disk.
 class SqliteEngine final : public Engine {
 public:
     SqliteEngine(const QString& path, int timeout);
