@@ -22,15 +22,15 @@ private:
     /// A stretch of fixed text and the placeholder behind it.
     struct Piece {
         QStringView fixed;
-        QStringView placeholder; ///< with its dollar signs; empty behind the last stretch
-        int name = -1;           ///< placeholders of one name share a number
+        int name = -1; ///< placeholders of one name share a number; -1 behind the last stretch
     };
-    int nameNumber(QStringView placeholder) const;
+    int nameNumber(QStringView name) const;
 
     QStringView m_text;
     Qt::CaseSensitivity m_matching;
     QVarLengthArray<Piece, 24> m_pieces;
     QVarLengthArray<QStringView, 24> m_names; ///< without dollar signs
+    bool m_looseDollar = false;               ///< a dollar sign stands in fixed text
 };
 
 /// One statement in the making: a template and the texts of its placeholders. The result is that of replacing
@@ -60,6 +60,7 @@ private:
     const quorvane::RegionalSettings* m_regional;
     QVarLengthArray<Fill, 16> m_fills;
     QVarLengthArray<int, 24> m_fillOfName; ///< position in m_fills, -1 while not filled
+    qsizetype m_unfilled;
     bool m_dollarFilled = false;
 };
 
