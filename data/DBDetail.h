@@ -31,6 +31,8 @@ public:
 
 protected:
     bool checkCode(const QString& code) override { return Valida_Producto(code); }
+    /// An empty code empties code and description.
+    void clearCode() override;
 };
 
 } // namespace dalvora

@@ -15,10 +15,15 @@
 
 namespace quorvane {
 class Connection;
+class Recordset;
+class RunTimeError;
 class Session;
 } // namespace quorvane
 
 namespace dalvora {
+
+class SqlStatement;
+class SqlTemplate;
 
 /// A currency of the company.
 struct CurrencyEntry {
@@ -140,6 +145,53 @@ public:
     bool LecturaTotal = false;
 
 private:
+    /// Whether the user's rights hold the letter at the position (from 1).
+    bool mayUse(int position, QChar letter) const;
+
+    void assign(int column, const QString& pValue);
+    void assignText(int column, const QString& pValue);
+    void assignPercentage(const QString& pValue);
+    void assignStartDate(const QString& pValue);
+    void assignEndDate(const QString& pValue);
+    bool assignEveryColumn();
+    bool confirmChangedDate(int column, const QString& question);
+    template<class Line> bool validateLines(LineCollection<Line>& lines, LineKind kind);
+
+    void readRecord();
+    bool readHeader();
+    template<class Line> void readLines(LineCollection<Line>& lines);
+    /// The rows of a statement for the record's code and, when both dates are set, its period.
+    quorvane::Recordset openPeriod(QStringView statement, const QString& company);
+
+    bool writeRecord(QString& message);
+    /// False when the stored row is no longer there under its old key.
+    bool writeHeader();
+    bool periodChanged() const;
+    void carryPeriod();
+    template<class Line> void writeLines(LineCollection<Line>& lines, LineKind kind);
+    template<class Line> void renewChangedCodes(LineCollection<Line>& lines);
+    template<class Line> void deleteLines(const LineCollection<Line>& lines);
+    template<class Line> void updateLines(const LineCollection<Line>& lines);
+    template<class Line> void insertLines(const LineCollection<Line>& lines);
+    /// A statement for the lines, filled with what they have in common.
+    SqlStatement lineStatement(const SqlTemplate& form) const;
+    /// After the commit the lines are as the database holds them.
+    void takeAsStored();
+    QString writeErrorText(const quorvane::RunTimeError& error) const;
+    bool mayBeDeleted() const;
+    bool deleteRecord(QString& message);
+    bool reset();
+    /// The record's audit entry; what has been committed stays so even when it cannot be audited.
+    void auditCommitted(int code);
+    QString auditText() const;
+
+    bool loadConfiguration();
+    bool loadCurrencies();
+    bool loadLocalCurrency();
+    void loadUnits();
+    void loadDecimals();
+    quorvane::Recordset openConfiguration(QStringView statement);
+
     quorvane::Connection& m_connection;
     quorvane::Session& m_session;
     const quorvane::RegionalSettings& m_regional;

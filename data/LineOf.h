@@ -4,6 +4,8 @@
 
 namespace dalvora {
 
+template<class Values> struct LineColumn;
+
 /// What the three line classes share: the current values, which are the line's own public fields, their saved
 /// copies, and the columns as one table per class. `Values` is a plain struct with operator==.
 template<class Values> class LineOf : public CommissionLine, public Values {
@@ -22,8 +24,20 @@ public:
     Values Save;
 
 protected:
-    /// Stores an entered, not empty code after looking it up; a refused one is told.
+    /// Looks an entered, not empty code up and stores it; a refused one is told.
     virtual bool checkCode(const QString& code) = 0;
+    /// An empty code. It changes nothing here, so an amount line cannot lose its document nor a price-list
+    /// line its list; product lines do otherwise.
+    virtual void clearCode() {}
+    /// Tells the lack of a value and remembers its column; always False.
+    bool lacks(int column, const QString& message);
+
+private:
+    void assign(const LineColumn<Values>& column, const QString& pValue);
+    void assignCode(const LineColumn<Values>& column, const QString& pValue);
+    void assignBracketStart(const QString& pValue);
+    void assignBracketEnd(const QString& pValue);
+    void assignPercentage(const LineColumn<Values>& column, const QString& pValue);
 };
 
 } // namespace dalvora
