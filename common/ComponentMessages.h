@@ -8,9 +8,6 @@ namespace dalvora {
 /// Caption of the messages about the ERP's components.
 inline constexpr QStringView componentTitle = u"Quorvane ERP";
 
-/// The number, " - " and the description of an error.
-QString numberedText(const quorvane::RunTimeError& error);
-
 /// Tells that a component failed: the fixed text, the advice to install the components again
 /// and the error.
 void showComponentError(const QString& text, const quorvane::RunTimeError& error);

@@ -30,9 +30,12 @@ qint16 ShowMessage(const QString& text, int style, const QString& title) {
     return installedPresenter->show(text, style, caption);
 }
 
+QString numberedText(const quorvane::RunTimeError& error) {
+    return QString::number(error.number()) + u" - "_s + error.description();
+}
+
 void ShowRunTimeError(const QString& text, const quorvane::RunTimeError& error) {
-    ShowMessage(text + u'\n' + QString::number(error.number()) + u" - "_s + error.description(),
-                MessageError);
+    ShowMessage(text + u'\n' + numberedText(error), MessageError);
 }
 
 } // namespace dalvora

@@ -36,7 +36,10 @@ MessagePresenter* installMessagePresenter(MessagePresenter* presenter);
 /// Shows a message box and returns the button pressed; an empty title means `messageTitle`.
 qint16 ShowMessage(const QString& text, int style, const QString& title = {});
 
-/// The way every trapped error is told: the fixed text, a line break, the number, " - " and the description.
+/// The number, " - " and the description of an error.
+QString numberedText(const quorvane::RunTimeError& error);
+
+/// The way every trapped error is told: the fixed text, a line break and the numbered text.
 void ShowRunTimeError(const QString& text, const quorvane::RunTimeError& error);
 
 } // namespace dalvora

@@ -206,8 +206,8 @@ void DBTable::takeAsStored() {
 QString DBTable::writeErrorText(const RunTimeError& error) const {
     const auto& reported = m_connection.errors();
     const bool duplicate = !reported.empty() && reported.back().number == quorvane::ErrorDuplicateKey;
-    const QString reason = duplicate ? u"Ya existe un registro con esas características"_s
-                                     : QString::number(error.number()) + u" - "_s + error.description();
+    const QString reason =
+        duplicate ? u"Ya existe un registro con esas características"_s : numberedText(error);
     const QString line = SysErrorRow > 0 ? u" (Línea %1)"_s.arg(SysErrorRow) : QString();
     return u"Error al grabar registro"_s + line + u'\n' + reason;
 }
