@@ -47,3 +47,21 @@ TEST(AboutWindow, EnterCloses) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(window.isVisible());
 }
+
+TEST(AboutWindow, TheTitleIsLargeWhateverTheFontIsMeasuredIn) {
+    const QFont before = QApplication::font();
+    for (const bool inPixels : {false, true}) {
+        QFont font = before;
+        if (inPixels)
+            font.setPixelSize(12);
+        else
+            font.setPointSize(9);
+        QApplication::setFont(font);
+        const AboutWindow window({"x", "y", "1.0.0"});
+        const auto height = [&](const char* name) {
+            return window.findChild<QLabel*>(name)->fontMetrics().height();
+        };
+        EXPECT_GT(height("lblTitulo"), 1.5 * height("lblDescripcion")) << inPixels;
+    }
+    QApplication::setFont(before);
+}

@@ -55,10 +55,14 @@ TEST_F(DalvoraQueries, ProductsFamiliesAndTypesOfTheCompany) {
     addProduct("'001', 'P1', 'Leche', 'Lácteos', '', 'Fresco'");
     addProduct("'001', 'P3', 'Clavo', '', '', ''");
     addProduct("'002', 'P4', 'Ajeno', 'Otra', 'Otra', 'Otro'");
+    run("insert into gen_tabcod (Empresa, Tipo, Codigo, Descripcion) "
+        "values ('001', 'FAMILIA', 'LÁCTEOS', 'Productos lácteos')");
+    run("insert into gen_tabcod (Empresa, Tipo, Codigo, Descripcion) "
+        "values ('001', 'SUBFAMILIA', 'Lácteos', 'Otra cosa')");
     EXPECT_EQ(result("ProductoComision", "001"), (QStringList{"P1#Leche", "P2#Queso", "P3#Clavo"}));
-    EXPECT_EQ(result("LISTAPRECIO_FAMILIA", "FAMILIA#001#  "), QStringList{"Lácteos"});
-    EXPECT_EQ(result("LISTAPRECIO_SUBFAMILIA", "SUBFAMILIA#001#  "), QStringList{"Quesos"});
-    EXPECT_EQ(result("TIPOPRODUCTO", "001"), QStringList{"Fresco"});
+    EXPECT_EQ(result("LISTAPRECIO_FAMILIA", "FAMILIA#001#  "), QStringList{"Lácteos#Productos lácteos"});
+    EXPECT_EQ(result("LISTAPRECIO_SUBFAMILIA", "SUBFAMILIA#001#  "), QStringList{"Quesos#"});
+    EXPECT_EQ(result("TIPOPRODUCTO", "001"), QStringList{"Fresco#"});
 }
 
 TEST_F(DalvoraQueries, OnlyValuedSalesDocumentsWithASalesperson) {

@@ -14,6 +14,8 @@ namespace {
 
 constexpr int iconSize = 64;
 constexpr int margin = 18;
+/// The title's size against that of the other texts.
+constexpr double titleScale = 1.8;
 
 QLabel* plainLabel(const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
@@ -74,13 +76,18 @@ QWidget* AboutWindow::banner(const AboutText& text) {
     auto* title = plainLabel(text.title, panel);
     title->setObjectName(QStringLiteral("lblTitulo"));
     QFont large = title->font();
-    large.setPointSizeF(large.pointSizeF() * 1.8);
+    // A font is measured either in points or in pixels.
+    if (large.pixelSize() > 0)
+        large.setPixelSize(qRound(large.pixelSize() * titleScale));
+    else
+        large.setPointSizeF(large.pointSizeF() * titleScale);
     large.setBold(true);
     title->setFont(large);
     auto* description = plainLabel(text.description, panel);
     description->setObjectName(QStringLiteral("lblDescripcion"));
 
     auto* words = new QVBoxLayout;
+    words->setSpacing(4);
     words->addStretch();
     words->addWidget(title);
     words->addWidget(description);

@@ -26,6 +26,18 @@ constexpr int sliceMilliseconds = 8;
 
 constexpr int fewestVisibleRows = 15;
 
+/// A table whose current row looks chosen while a filter has the focus: the arrows move it then, too.
+class LookupTable : public QTableView {
+public:
+    using QTableView::QTableView;
+
+protected:
+    void initViewItemOption(QStyleOptionViewItem* option) const override {
+        QTableView::initViewItemOption(option);
+        option->state.setFlag(QStyle::State_Active, isActiveWindow());
+    }
+};
+
 bool movesInList(const QKeyEvent& key) {
     switch (key.key()) {
     case Qt::Key_Up:
@@ -61,6 +73,7 @@ LookupWindow::LookupWindow(const QueryDefinition& query, Recordset recordset,
     buildTable();
     buildWindow(query.title);
     fetchSlice(firstMilliseconds, firstRows);
+    setColumnWidths();
     rowsArrived();
     m_reader.setInterval(0);
     connect(&m_reader, &QTimer::timeout, this, &LookupWindow::readOn);
@@ -76,7 +89,7 @@ LookupWindow::~LookupWindow() {
 
 void LookupWindow::buildTable() {
     m_model = new LookupModel(m_rows, this);
-    m_table = new QTableView(this);
+    m_table = new LookupTable(this);
     m_table->setObjectName(QStringLiteral("lstFilas"));
     m_table->setAccessibleName(QStringLiteral("Filas encontradas"));
     m_header = new FilterHeader(m_table);
@@ -104,16 +117,24 @@ void LookupWindow::buildTable() {
     connect(m_header, &FilterHeader::filterEdited, this, &LookupWindow::filterBy);
     connect(m_header, &QHeaderView::sortIndicatorChanged, this, &LookupWindow::sortBy);
     connect(m_table, &QTableView::doubleClicked, this, &LookupWindow::accept);
-    setColumnWidths();
+}
+
+int LookupWindow::columnWidth(int column) const {
+    constexpr int margins = 12;
+    const QFontMetrics metrics = m_table->fontMetrics();
+    const int declared = m_rows.column(column).width * metrics.horizontalAdvance(u'0');
+    // Never narrower than the caption with its sort arrow; wider than declared where the first rows need it.
+    int needed = std::max(declared, m_header->sectionSizeHint(column));
+    for (LookupRows::Row row = 0; row < std::min(m_rows.rowCount(), firstRows); ++row)
+        needed =
+            std::max(needed, std::min(metrics.horizontalAdvance(m_rows.text(row, column)), 2 * declared));
+    return needed + margins;
 }
 
 void LookupWindow::setColumnWidths() {
-    const int character = fontMetrics().averageCharWidth();
     int total = m_table->verticalScrollBar()->sizeHint().width() + 2 * m_table->frameWidth();
     for (int column = 0; column < m_rows.columnCount(); ++column) {
-        // Never narrower than the caption with its sort arrow.
-        const int width =
-            std::max(m_rows.column(column).width * character + 12, m_header->sectionSizeHint(column) + 12);
+        const int width = columnWidth(column);
         m_table->setColumnWidth(column, width);
         total += width;
     }

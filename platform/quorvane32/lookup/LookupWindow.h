@@ -38,6 +38,7 @@ protected:
 private:
     void buildTable();
     void buildWindow(const QString& title);
+    int columnWidth(int column) const;
     void setColumnWidths();
     void fetchSlice(int milliseconds, int mostRows);
     void readOn();
