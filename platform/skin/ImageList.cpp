@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 
 /// The sizes that the build drew, ascending; the same as in tool/RenderPictures.cpp.
 const QList<int> iconSizes{16, 20, 24, 30, 32, 36, 48, 64, 72, 96};
+const QList<int> arrowSizes{16, 20, 24, 32, 48};
 const QList<int> messageSizes{32, 40, 48, 64, 96};
 const QList<int> windowSizes{16, 24, 32, 48, 64, 128, 256};
 
@@ -59,6 +60,11 @@ QIcon toolIcon(const ImageList& normal, const ImageList& hot, const QString& key
 QIcon messageIcon(const QString& name) {
     const QString path = u":/skin/message/"_s + name;
     return iconOf(path, path, messageSizes);
+}
+
+QIcon arrowIcon(const QString& name) {
+    const QString path = u":/skin/arrow/"_s + name;
+    return iconOf(path, path, arrowSizes);
 }
 
 QIcon windowIcon() {

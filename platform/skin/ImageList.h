@@ -38,6 +38,9 @@ QIcon toolIcon(const ImageList& normal, const ImageList& hot, const QString& key
 /// Icon of a message box: "informacion", "pregunta", "advertencia" or "error".
 QIcon messageIcon(const QString& name);
 
+/// White arrow for dark bars, as in the calendar's title: "anterior" (left) or "siguiente" (right).
+QIcon arrowIcon(const QString& name);
+
 /// Icon of the program's windows.
 QIcon windowIcon();
 

@@ -32,6 +32,7 @@ public:
     bool isLoaded() const { return m_values.has_value(); }
 
     /// Gives a window and everything in it the skin and the programs' font. Without a skin, only the font.
+    /// Controls that are added to the window later have the skin with apply option 4.
     void applyWindow(QWidget& window);
 
     /// A sum of ApplyOption; bits without a meaning are kept and have no effect.

@@ -3,6 +3,7 @@
 #include "platform/skin/ImageList.h"
 #include "platform/skin/SkinStyle.h"
 
+#include <QCalendarWidget>
 #include <QDialogButtonBox>
 #include <QStyleOption>
 
@@ -15,6 +16,11 @@ namespace {
 /// Where the title of a group box starts, pixels at 96 dpi.
 constexpr int titleIndent = 12;
 constexpr int titleGap = 4;
+/// Height that a list's line has beyond its text, and that of a separator in a menu.
+constexpr int itemRoom = 4;
+constexpr int separatorHeight = 7;
+/// Room on both sides of the sign in a small button.
+constexpr int signMargin = 6;
 
 /// Sizes of the two things that stand on the upper edge of a group box.
 struct GroupTitle {
@@ -109,11 +115,12 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     };
     switch (type) {
     case CT_PushButton: {
-        // A button with one sign beside a field stays small; a command has a size people can hit.
+        // A command has a size people can hit; a button with one sign beside a field stays small.
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-        const bool command = button && button->text.size() > 2;
-        return base.expandedTo(
-            {command ? m_values.measure(Measure::ButtonWidth) : 0, m_values.measure(Measure::ButtonHeight)});
+        const int height = m_values.measure(Measure::ButtonHeight);
+        if (button && button->text.size() <= 2)
+            return {std::max(size.width() + 2 * signMargin, height), height};
+        return base.expandedTo({m_values.measure(Measure::ButtonWidth), height});
     }
     case CT_ToolButton: {
         const int padding = 2 * m_values.measure(Measure::ToolPadding);
@@ -126,9 +133,11 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_MenuItem: {
         const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
         if (item && item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty())
-            return {base.width(), 7};
+            return {base.width(), separatorHeight};
         return atLeast(Measure::MenuItemHeight);
     }
+    case CT_ItemViewItem:
+        return base + QSize(0, itemRoom);
     case CT_TabBarTab:
         return atLeast(Measure::TabHeight);
     case CT_HeaderSection:
@@ -166,6 +175,9 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
         return 1;
     case PM_MenuBarHMargin:
         return 4;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+        return 6;
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuHMargin:
@@ -211,9 +223,18 @@ QIcon SkinStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, c
         return messageIcon(u"advertencia"_s);
     case SP_MessageBoxCritical:
         return messageIcon(u"error"_s);
+    case SP_ArrowLeft:
+        if (qobject_cast<const QCalendarWidget*>(widget))
+            return arrowIcon(u"anterior"_s);
+        break;
+    case SP_ArrowRight:
+        if (qobject_cast<const QCalendarWidget*>(widget))
+            return arrowIcon(u"siguiente"_s);
+        break;
     default:
-        return QProxyStyle::standardIcon(icon, option, widget);
+        break;
     }
+    return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 } // namespace skin

@@ -2,6 +2,7 @@
 
 #include "platform/skin/paint/Painting.h"
 
+#include <QCalendarWidget>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 #include <QStatusBar>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTextCharFormat>
 #include <QToolButton>
 
 namespace skin {
@@ -20,6 +22,20 @@ namespace {
 
 /// Room between a status panel's edge and its text, pixels at 96 dpi.
 constexpr int statusIndent = 6;
+/// What the toolkit's status bar adds to the height of its panels.
+constexpr int statusMargins = 5;
+
+/// The toolkit's own weekends are too bright a red to be read on white; a colour that the program chose
+/// stays.
+void polishCalendar(const SkinValues& values, QCalendarWidget& calendar) {
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
+        QTextCharFormat format = calendar.weekdayTextFormat(day);
+        if (format.foreground().color() == QColor(Qt::red)) {
+            format.setForeground(values.colour(Colour::WeekEnd));
+            calendar.setWeekdayTextFormat(day, format);
+        }
+    }
+}
 
 } // namespace
 
@@ -34,10 +50,14 @@ void SkinStyle::polish(QWidget* widget) {
     if (qobject_cast<QLineEdit*>(widget) || qobject_cast<QTabBar*>(widget) ||
         qobject_cast<QHeaderView*>(widget) || qobject_cast<QToolButton*>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    else if (auto* bar = qobject_cast<QStatusBar*>(widget))
-        bar->setMinimumHeight(m_values.measure(Measure::StatusHeight));
-    else if (auto* label = qobject_cast<QLabel*>(widget); label && qobject_cast<QStatusBar*>(label->parent()))
+    else if (auto* calendar = qobject_cast<QCalendarWidget*>(widget))
+        polishCalendar(m_values, *calendar);
+    else if (auto* label = qobject_cast<QLabel*>(widget);
+             label && qobject_cast<QStatusBar*>(label->parent())) {
+        // The bar takes its height from its panels.
         label->setIndent(statusIndent);
+        label->setMinimumHeight(m_values.measure(Measure::StatusHeight) - statusMargins);
+    }
 }
 
 bool SkinStyle::drawPart(PrimitiveElement element, const QStyleOption& option, QPainter& painter,

@@ -29,6 +29,7 @@ constexpr std::array<QLatin1StringView, static_cast<std::size_t>(Colour::Count)>
     "IdleSelection"_L1,
     "IdleSelectionText"_L1,
     "Link"_L1,
+    "WeekEnd"_L1,
     "FocusRing"_L1,
     "FrameBorder"_L1,
     "FrameTitle"_L1,

@@ -27,6 +27,7 @@ enum class Colour {
     IdleSelection,
     IdleSelectionText,
     Link,
+    WeekEnd,
     FocusRing,
     FrameBorder,
     FrameTitle,

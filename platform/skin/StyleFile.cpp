@@ -18,7 +18,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 largestFile = 256 * 1024;
+constexpr qint64 largestFile = 256LL * 1024;
 constexpr int knownFormat = 1;
 constexpr int mostStops = 8;
 
@@ -62,8 +62,8 @@ QString readText(const QString& path) {
             u"No se puede leer el archivo de estilo \"%1\""_s.arg(QDir::toNativeSeparators(path)));
     }
     QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(file.read(largestFile));
-    const bool control = std::any_of(text.begin(), text.end(), [](QChar c) {
+    QString text = decoder(file.read(largestFile));
+    const bool control = std::any_of(text.cbegin(), text.cend(), [](QChar c) {
         return c.unicode() < 0x20 && c != u'\n' && c != u'\r' && c != u'\t';
     });
     if (decoder.hasError() || control)
@@ -219,16 +219,16 @@ SkinValues readStyleFile(const QString& path, const QString& section) {
     const QString head = u"Style"_s;
     Section headEntries;
     Section entries;
-    walkLines(path, text, [&](const QString& name, QStringView key, Entry entry) {
+    walkLines(path, text, [&](const QString& name, QStringView key, const Entry& entry) {
         const bool wanted = name.compare(section, Qt::CaseInsensitive) == 0;
         if (!wanted && name != head)
             return;
         Section& into = wanted ? entries : headEntries;
         if (into.contains(key.toString()))
             damaged(path, u"clave repetida %1"_s.arg(quoted(key)), entry.line);
-        into.insert(key.toString(), std::move(entry));
+        into.insert(key.toString(), entry);
     });
-    SectionReader(path, head, headEntries).measure("Format"_L1, {knownFormat, knownFormat});
+    SectionReader(path, head, std::move(headEntries)).measure("Format"_L1, {knownFormat, knownFormat});
     if (entries.isEmpty())
         damaged(path, u"no tiene la sección %1"_s.arg(quoted(section)));
     SectionReader reader(path, section, std::move(entries));

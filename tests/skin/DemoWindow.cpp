@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 
 DemoWindow::DemoWindow() {
     setWindowTitle(u"Veltrano"_s);
-    resize(860, 560);
+    resize(860, 580);
     setWindowIcon(skin::windowIcon());
     buildMenus();
     buildToolBar();

@@ -3,17 +3,20 @@
 
 #include "platform/skin/SkinFramework.h"
 #include "tests/skin/DemoWindow.h"
+#include "tests/skin/GalleryWindow.h"
 #include "tests/skin/PlainLook.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
-#include <QLabel>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
-#include <QStandardPaths>
 #include <QTableView>
 #include <QTest>
 #include <QToolBar>
-#include <QToolButton>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -53,4 +56,30 @@ TEST(Pictures, DemoWindow) {
     box->show();
     QTest::qWait(50);
     keep(*box, u"question"_s);
+}
+
+TEST(Pictures, GalleryWindow) {
+    const PlainLook plain;
+    skin::SkinFramework framework;
+    framework.loadSkin(QStringLiteral(STYLES_FOLDER "/Office2007.cjstyles"), u"LightBlue.ini"_s);
+    framework.setApplyOptions(skin::ApplyToNewWindows);
+    GalleryWindow window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.findChild<QLineEdit*>(u"selected"_s)->setFocus();
+    keep(window, u"gallery"_s);
+    window.list->setFocus();
+    window.list->showPopup();
+    QTest::qWait(50);
+    keep(*window.list->view()->window(), u"list"_s);
+    window.list->hidePopup();
+    QMenu* menu = window.contextMenu();
+    menu->popup(window.mapToGlobal(QPoint(20, 20)));
+    QTest::qWait(50);
+    keep(*menu, u"context"_s);
+    menu->close();
+    QTest::mouseClick(window.date, Qt::LeftButton, {}, QPoint(window.date->width() - 8, 10));
+    QTest::qWait(50);
+    if (QWidget* popup = QApplication::activePopupWidget())
+        keep(*popup, u"calendar"_s);
 }

@@ -51,7 +51,7 @@ TEST(StyleFile, ReadsColoursShadesAndMeasuresOfTheNamedSection) {
     const skin::SkinValues values = skin::readStyleFile(path, StyleFiles::section());
     EXPECT_EQ(values.colour(Colour::Window), QColor(1, 2, 3));
     EXPECT_EQ(values.measure(Measure::ToolIcon), 24);
-    const QGradientStops stops = values.shade(Shade::Button);
+    const QGradientStops& stops = values.shade(Shade::Button);
     ASSERT_EQ(stops.size(), 4);
     EXPECT_DOUBLE_EQ(stops[1].first, 0.48);
     EXPECT_EQ(stops[3].second, QColor(0xD3, 0xE3, 0xF5));
@@ -97,6 +97,17 @@ TEST(StyleFile, AFolderIsNoFile) {
     EXPECT_EQ(errorOf(files.folder()).first, quorvane::ErrorFileNotFound);
 }
 
+TEST(StyleFile, AFileThatMayNotBeReadIsError75) {
+    const StyleFiles files;
+    const QString path = files.write(StyleFiles::shippedText());
+    ASSERT_TRUE(QFile::setPermissions(path, {}));
+    if (QFile(path).open(QIODevice::ReadOnly))
+        GTEST_SKIP() << "this user may read everything";
+    const auto [number, text] = errorOf(path);
+    EXPECT_EQ(number, quorvane::ErrorPathAccess);
+    EXPECT_THAT(text, testing::HasSubstr("No se puede leer el archivo de estilo"));
+}
+
 TEST(StyleFile, BinaryRubbishIsDamaged) {
     const StyleFiles files;
     expectDamaged(files.write(QByteArray("PK\x03\x04\x00\x00rubbish", 13)), "no es un archivo de texto");
@@ -105,7 +116,7 @@ TEST(StyleFile, BinaryRubbishIsDamaged) {
 
 TEST(StyleFile, AHugeFileIsRefusedWithoutReadingIt) {
     const StyleFiles files;
-    expectDamaged(files.write(QByteArray(10 * 1024 * 1024, 'x')), "es demasiado grande");
+    expectDamaged(files.write(QByteArray(qsizetype(10) * 1024 * 1024, 'x')), "es demasiado grande");
 }
 
 TEST(StyleFile, AnEmptyFileHasNoFormat) {
