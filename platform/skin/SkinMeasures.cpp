@@ -7,6 +7,8 @@
 #include <QDialogButtonBox>
 #include <QStyleOption>
 
+#include <algorithm>
+
 namespace skin {
 
 using namespace Qt::StringLiterals;
@@ -39,6 +41,11 @@ GroupTitle groupTitle(const QStyleOptionGroupBox& box, int indicator) {
                       box.fontMetrics.height()};
     }
     return title;
+}
+
+/// "?" or "...", as buttons beside a field carry it.
+bool isSign(const QString& text) {
+    return std::none_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); });
 }
 
 QRect groupBoxRect(const QStyleOptionGroupBox& box, QStyle::SubControl part, int indicator) {
@@ -118,7 +125,7 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         // A command has a size people can hit; a button with one sign beside a field stays small.
         const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
         const int height = m_values.measure(Measure::ButtonHeight);
-        if (button && button->text.size() <= 2)
+        if (button && isSign(button->text))
             return {std::max(size.width() + 2 * signMargin, height), height};
         return base.expandedTo({m_values.measure(Measure::ButtonWidth), height});
     }

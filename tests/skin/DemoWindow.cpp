@@ -80,7 +80,7 @@ void DemoWindow::buildHeader(QWidget* page) {
     };
     field(u"Código"_s, u"VEN-2006"_s, 16, 18, 120);
     auto* lookup = new QPushButton(u"..."_s, frame);
-    lookup->setGeometry(228, 17, 28, 25);
+    lookup->setGeometry(228, 17, 28, 26);
     locked = field(u"Descripción"_s, u"Comisión vendedores zona norte"_s, 16, 48, 300);
     locked->setEnabled(false);
     field(u"Observación"_s, u""_s, 16, 78, 300)->setPlaceholderText(u"sin observación"_s);

@@ -161,8 +161,9 @@ TEST_F(SkinStyleTest, ADisabledToolButtonStaysFlat) {
 TEST_F(SkinStyleTest, CommandButtonsHaveTheLeastSizeAndSmallOnesStaySmall) {
     QPushButton command(u"&Sí"_s);
     EXPECT_EQ(command.sizeHint(), QSize(84, 26));
-    QPushButton lookup(u"?"_s);
-    EXPECT_EQ(lookup.sizeHint(), QSize(26, 26));
+    EXPECT_EQ(QPushButton(u"No"_s).sizeHint(), QSize(84, 26));
+    for (const QString& sign : {u"?"_s, u"..."_s})
+        EXPECT_EQ(QPushButton(sign).sizeHint(), QSize(26, 26));
     QPushButton longText(u"Asignación de comisiones a vendedores"_s);
     EXPECT_GT(longText.sizeHint().width(), longText.fontMetrics().horizontalAdvance(longText.text()));
 }
