@@ -36,7 +36,7 @@ QByteArray readWholeFile(const QString& path) {
 ChmArchive::ChmArchive(const QString& path) : m_file(readWholeFile(path)) {
     if (!parse())
         throw quorvane::RunTimeError(
-            quorvane::ErrorInvalidCall,
+            quorvane::ErrorFileFormat,
             QStringLiteral("El archivo de ayuda %1 está dañado o no es un archivo de ayuda")
                 .arg(QDir::toNativeSeparators(path)));
     unpack();

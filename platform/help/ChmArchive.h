@@ -14,7 +14,7 @@ namespace help {
 /// is small; more than 64 MiB is refused).
 class ChmArchive {
 public:
-    /// Opens `path`. Raises 53 missing, 70 not readable, 5 damaged or not a help file.
+    /// Opens `path`. Raises 53 missing, 70 not readable, 321 damaged or not a help file.
     explicit ChmArchive(const QString& path);
 
     /// Names of all files inside, in the order of the directory, each with its leading "/".

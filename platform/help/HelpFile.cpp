@@ -133,7 +133,7 @@ void HelpFile::chooseHome() {
     if (!hasPage(m_home))
         m_home = m_pages.value(0);
     if (!html(m_home))
-        throw quorvane::RunTimeError(quorvane::ErrorInvalidCall,
+        throw quorvane::RunTimeError(quorvane::ErrorFileFormat,
                                      QStringLiteral("El archivo de ayuda %1 está dañado: no se puede leer "
                                                     "su primera página")
                                          .arg(QDir::toNativeSeparators(m_path)));

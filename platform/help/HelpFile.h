@@ -12,8 +12,8 @@ namespace help {
 /// nothing of windows, and whatever a damaged file holds it stays usable or fails in the constructor.
 class HelpFile {
 public:
-    /// Opens and reads `path`. Raises quorvane::RunTimeError: 53 missing, 70 not readable, 5 damaged or not a
-    /// help file.
+    /// Opens and reads `path`. Raises quorvane::RunTimeError: 53 missing, 70 not readable, 321 damaged or not
+    /// a help file.
     explicit HelpFile(const QString& path);
 
     const QString& path() const { return m_path; }

@@ -311,7 +311,7 @@ TEST_F(HelpViewerTest, FileThatDisappearsIsError53AndANewOneIsReadAgain) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("ITSF");
     file.close();
-    EXPECT_EQ(errorOf(path, ShowContext, 138), 5);
+    EXPECT_EQ(errorOf(path, ShowContext, 138), 321);
 }
 
 TEST_F(HelpViewerTest, OutsideTheWindowThreadTheViewerIsNotUsable) {
