@@ -58,6 +58,8 @@ void LinesClient::cellButton() {
 
 void LinesClient::beforeEdit(bool& cancel) {
     told += QStringLiteral("edit ") + place(m_grid.row(), m_grid.col());
+    if (onBeforeEdit)
+        onBeforeEdit();
     cancel = locked == qMakePair(m_grid.row(), m_grid.col());
 }
 

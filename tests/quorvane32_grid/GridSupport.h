@@ -31,6 +31,7 @@ public:
     bool swallowKeys = false;
     std::function<void()> onButton;
     std::function<void()> onRefusal;
+    std::function<void()> onBeforeEdit;
 
 private:
     quorvane::XGrid& m_grid;

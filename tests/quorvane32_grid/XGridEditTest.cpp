@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -230,4 +231,37 @@ TEST_F(XGridEdit, AccentFromADeadKeyBeginsAnEdit) {
     composed.setCommitString(QStringLiteral("á"));
     QApplication::sendEvent(view, &composed);
     EXPECT_EQ(entryText(), QStringLiteral("á"));
+}
+
+TEST_F(XGridEdit, EntryStaysOnItsCellWhileTheGridScrolls) {
+    fill(200);
+    at(5, 4);
+    press(Qt::Key_F2);
+    QWidget* box = entry()->parentWidget();
+    view->verticalScrollBar()->setValue(3);
+    EXPECT_TRUE(box->geometry().contains(cell(5, 4).center()));
+    EXPECT_TRUE(grid->isEditing());
+}
+
+TEST_F(XGridEdit, CellIsNotEditedWhenTheClientMovesTheCursorInBeforeEdit) {
+    fill(3);
+    at(1, 2);
+    client->onBeforeEdit = [this] { grid->setRow(2); };
+    press(Qt::Key_F2);
+    EXPECT_FALSE(grid->isEditing());
+}
+
+TEST_F(XGridEdit, SwitchToAnotherProgramKeepsTheEntry) {
+    fill(1);
+    at(1, 4);
+    type(QStringLiteral("12"));
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_TRUE(grid->isEditing());
+    EXPECT_TRUE(client->told.filter(QStringLiteral("set")).isEmpty());
+    QWidget another;
+    another.show();
+    QApplication::setActiveWindow(&window);
+    QApplication::setActiveWindow(&another);
+    EXPECT_EQ(client->lines[0][4], QStringLiteral("12"))
+        << "another window of the program sees the entry stored";
 }

@@ -136,10 +136,60 @@ TEST_F(XGridKeys, SwallowedKeyDoesNothing) {
     at(1, 4);
     client->swallowKeys = true;
     press(Qt::Key_Down);
-    type(QStringLiteral("7"));
-    EXPECT_EQ(cursor(), QStringLiteral("1,4"));
+    press(Qt::Key_F2);
     press(Qt::Key_7);
-    EXPECT_FALSE(grid->isEditing() && client->told.last() == QStringLiteral("key 55"));
+    EXPECT_EQ(cursor(), QStringLiteral("1,4"));
+    EXPECT_FALSE(grid->isEditing());
+    EXPECT_EQ(client->told,
+              QStringList({QStringLiteral("key 40"), QStringLiteral("key 113"), QStringLiteral("key 55")}));
+}
+
+TEST_F(XGridKeys, CtrlArrowsGoToTheEdges) {
+    fill(50);
+    at(20, 2);
+    press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(cursor(), QStringLiteral("51,2"));
+    press(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(cursor(), QStringLiteral("51,4"));
+    press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(cursor(), QStringLiteral("1,4"));
+    press(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(cursor(), QStringLiteral("1,1"));
+}
+
+TEST_F(XGridKeys, KeysOfTheGridGoBeforeTheFormsShortcuts) {
+    fill(1);
+    at(1, 2);
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Insert, Qt::Key_F2, Qt::Key_F5, Qt::Key_F8}) {
+        QKeyEvent asked(QEvent::ShortcutOverride, key, Qt::NoModifier);
+        asked.ignore();
+        QApplication::sendEvent(view, &asked);
+        EXPECT_TRUE(asked.isAccepted()) << key;
+    }
+    QKeyEvent save(QEvent::ShortcutOverride, Qt::Key_G, Qt::ControlModifier);
+    save.ignore();
+    QApplication::sendEvent(view, &save);
+    EXPECT_FALSE(save.isAccepted());
+}
+
+TEST_F(XGridKeys, CtrlTabIsLeftToTheTabsAroundTheGrid) {
+    fill(1);
+    at(1, 2);
+    QKeyEvent turn(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier);
+    QApplication::sendEvent(view, &turn);
+    EXPECT_FALSE(turn.isAccepted());
+    EXPECT_EQ(cursor(), QStringLiteral("1,2"));
+}
+
+TEST_F(XGridKeys, EnterGoesDownNowhereInAReadOnlyGrid) {
+    for (int c = 1; c < grid->cols(); ++c)
+        grid->column(c).setReadOnly(true);
+    fill(3);
+    at(1, 2);
+    press(Qt::Key_Return);
+    EXPECT_EQ(cursor(), QStringLiteral("1,2"));
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(other->hasFocus());
 }
 
 TEST_F(XGridKeys, DeleteInAnEntryBelongsToTheEntry) {

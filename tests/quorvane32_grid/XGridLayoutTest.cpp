@@ -1,7 +1,10 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "tests/quorvane32_grid/GridSupport.h"
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 
 using quorvane::XGrid;
 
@@ -136,8 +139,54 @@ TEST_F(XGridLayout, TextAsksTheClientAndNamesCaptions) {
     EXPECT_EQ(grid->text(9, 2), QString());
 }
 
-TEST_F(XGridLayout, LongTextShowsWholeInItsToolTip) {
+TEST_F(XGridLayout, TextThatDoesNotFitShowsWholeInItsToolTip) {
     fill(1);
-    client->lines[0][3] = QString(200, u'w');
-    EXPECT_FALSE(view->viewport()->grab().isNull());
+    const QString wide(200, u'w');
+    client->lines[0][3] = wide;
+    const auto tipAt = [this](const QPoint& place) {
+        QHelpEvent asked(QEvent::ToolTip, place, view->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view->viewport(), &asked);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipAt(cell(1, 1).center()), QString());
+    EXPECT_EQ(tipAt(cell(1, 3).center()), wide);
+    const QRect button = cell(1, 2);
+    EXPECT_EQ(tipAt(QPoint(button.right() - button.height() / 2, button.center().y())),
+              QStringLiteral("Buscar (F8)"));
+}
+
+TEST_F(XGridLayout, ManyRowsMoreOrLessKeepTheCursor) {
+    fill(10);
+    at(7, 2);
+    grid->setRows(50001);
+    EXPECT_EQ(grid->row(), 7);
+    EXPECT_EQ(grid->col(), 2);
+    EXPECT_EQ(view->currentIndex(), view->model()->index(6, 2));
+    grid->setRow(40000);
+    grid->setRows(5);
+    EXPECT_EQ(grid->row(), 4);
+    EXPECT_EQ(view->currentIndex(), view->model()->index(3, 2));
+    grid->setRows(50001);
+    grid->setRows(1);
+    EXPECT_EQ(grid->row(), 0);
+    EXPECT_FALSE(view->currentIndex().isValid());
+}
+
+TEST_F(XGridLayout, EmptyGridWithoutCaptionRowTakesNoCursor) {
+    grid->setRows(0);
+    EXPECT_EQ(grid->rows(), 0);
+    EXPECT_THROW(grid->setRow(0), quorvane::RunTimeError);
+    press(Qt::Key_Down);
+    grid->refresh();
+    EXPECT_EQ(grid->row(), 0);
+}
+
+TEST_F(XGridLayout, GridMayGoWhileACellIsEdited) {
+    fill(1);
+    at(1, 2);
+    type(QStringLiteral("x"));
+    ASSERT_TRUE(grid->isEditing());
+    delete grid;
+    grid = new XGrid(&window); // for TearDown
+    EXPECT_TRUE(client->told.filter(QStringLiteral("set")).isEmpty());
 }

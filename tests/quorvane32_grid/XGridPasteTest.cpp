@@ -102,6 +102,30 @@ TEST_F(XGridPasteTest, ListColumnTakesItsItemsInAnyCaseAndNothingElse) {
     EXPECT_EQ(QToolTip::text(), QStringLiteral("«Otro» no está en la lista."));
 }
 
+TEST_F(XGridPasteTest, ListColumnKeepsItsTextForTheSameOrAnEmptyOne) {
+    fill(2);
+    at(1, 1);
+    paste(QStringLiteral("FAMILIA\tX\n\tY\n"));
+    EXPECT_EQ(client->told.filter(QStringLiteral("set")),
+              QStringList({QStringLiteral("set 1,2=X"), QStringLiteral("set 2,2=Y")}));
+}
+
+TEST_F(XGridPasteTest, CopiedLinesPasteBackOntoNewOnes) {
+    fill(3, false);
+    at(1, 1);
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    at(3, 4);
+    press(Qt::Key_Tab);
+    ASSERT_EQ(grid->row(), 4);
+    press(Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(grid->rows(), 7);
+    for (int line = 0; line < 3; ++line) {
+        EXPECT_EQ(client->lines[line + 3][2], client->lines[line][2]);
+        EXPECT_EQ(client->lines[line + 3][3], QString()) << "the read-only text comes from the client alone";
+    }
+}
+
 TEST_F(XGridPasteTest, ColumnsBeyondTheLastAreDropped) {
     fill(1);
     at(1, 4);

@@ -2,12 +2,36 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace quorvane {
+
+namespace {
+
+constexpr QRgb sundayColor = 0xFFB3261E;
+
+/// An arrowhead in the given colour, to the left or to the right.
+QIcon arrowIcon(const QWidget& on, bool left, const QColor& ink) {
+    constexpr int side = 16;
+    const qreal ratio = on.devicePixelRatioF();
+    QPixmap picture(QSize(side, side) * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const qreal tip = left ? 6 : 10;
+    const qreal back = left ? 10 : 6;
+    painter.drawPolyline(QPolygonF({QPointF(back, 4), QPointF(tip, 8), QPointF(back, 12)}));
+    return {picture};
+}
+
+} // namespace
 
 XDateCalendar::XDateCalendar(QWidget* parent)
     : QFrame(parent, Qt::Popup), m_month(new QCalendarWidget(this)) {
@@ -31,8 +55,27 @@ void XDateCalendar::setUpMonth() {
     m_month->setDateEditEnabled(false);
     m_month->setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     m_month->setAccessibleName(tr("Calendario"));
+    QTextCharFormat workday;
+    workday.setForeground(palette().color(QPalette::Text));
+    m_month->setWeekdayTextFormat(Qt::Saturday, workday);
+    QTextCharFormat sunday;
+    sunday.setForeground(QColor(sundayColor));
+    m_month->setWeekdayTextFormat(Qt::Sunday, sunday);
+    setUpArrows();
     connect(m_month, &QCalendarWidget::clicked, this, &XDateCalendar::choose);
     connect(m_month, &QCalendarWidget::activated, this, &XDateCalendar::choose);
+}
+
+void XDateCalendar::setUpArrows() {
+    const QColor ink = palette().color(QPalette::HighlightedText);
+    if (auto* previous = m_month->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))) {
+        previous->setIcon(arrowIcon(*this, true, ink));
+        previous->setToolTip(tr("Mes anterior"));
+    }
+    if (auto* next = m_month->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))) {
+        next->setIcon(arrowIcon(*this, false, ink));
+        next->setToolTip(tr("Mes siguiente"));
+    }
 }
 
 void XDateCalendar::openBelow(const QWidget& entry, const QWidget& button, const QDate& day) {

@@ -29,6 +29,7 @@ protected:
 private:
     void choose(const QDate& day);
     void setUpMonth();
+    void setUpArrows();
 
     QCalendarWidget* m_month;
     QRect m_buttonOnScreen;

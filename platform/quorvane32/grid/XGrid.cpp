@@ -41,6 +41,7 @@ XGrid::XGrid(QWidget* parent) : QFrame(parent), m_state(std::make_unique<XGridSt
 }
 
 XGrid::~XGrid() {
+    m_view->editing().cancel();
     m_state->client = nullptr; // the client may be gone already; nothing is asked on the way down
     delete m_view;
 }
@@ -68,6 +69,7 @@ void XGrid::setCols(int cols) {
         while (m_state->cols() < cols)
             columns.push_back(std::make_unique<XGridColumn>(changed));
     });
+    erase_if(m_state->cellBackColors, [cols](const auto& cell) { return cell.key().second >= cols; });
     m_state->row = 0;
     m_state->col = 0;
     m_view->layOut();

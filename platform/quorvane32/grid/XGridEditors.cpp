@@ -3,8 +3,8 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QProxyStyle>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 #include <climits>
 
@@ -12,12 +12,14 @@ namespace quorvane {
 
 namespace {
 
-/// Opens a list below its box on every platform style, never over it.
-class ListBelowStyle : public QProxyStyle {
+/// The lines of an opened list, with the air of the grid's own rows.
+class ListLineDelegate : public QStyledItemDelegate {
 public:
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* returned) const override {
-        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr int air = 6;
+        const QSize line = QStyledItemDelegate::sizeHint(option, index);
+        return {line.width() + air, option.fontMetrics.height() + air};
     }
 };
 
@@ -25,10 +27,8 @@ public:
 
 XGridListEditor::XGridListEditor(const QStringList& list, const QString& text, QWidget* parent)
     : QComboBox(parent) {
-    auto* below = new ListBelowStyle;
-    below->setParent(this);
-    setStyle(below);
     setFrame(false);
+    setItemDelegate(new ListLineDelegate(this));
     addItems(list);
     setPlaceholderText(text);
     setCurrentIndex(findText(text, Qt::MatchFixedString));
@@ -85,7 +85,7 @@ QLineEdit* XGridEditorBox::addText(const QString& text, Qt::Alignment alignment)
     line->setFrame(false);
     line->setAlignment(alignment);
     line->setText(text);
-    line->setTextMargins(1, 0, 0, 0);
+    line->setTextMargins(2, 0, 2, 0); // the text stays where the cell shows it
     m_entry = line;
     setFocusProxy(line);
     return line;
@@ -108,7 +108,8 @@ QToolButton* XGridEditorBox::addButton(const QString& text) {
 }
 
 void XGridEditorBox::place(const QRect& cell) {
-    QRect room = cell.adjusted(-1, -1, 0, 0);
+    // The frame lies on the lines around the cell; at the grid's edges there are none.
+    QRect room = cell.adjusted(cell.left() > 0 ? -1 : 0, cell.top() > 0 ? -1 : 0, 0, 0);
     if (qobject_cast<QComboBox*>(m_entry))
         room.setWidth(qMax(room.width(), m_entry->sizeHint().width()));
     setGeometry(room);

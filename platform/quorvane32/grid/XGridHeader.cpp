@@ -7,9 +7,30 @@ namespace quorvane {
 
 namespace {
 
-constexpr int horizontalMargin = 5;
+// The captions stand over the texts of the cells.
+constexpr int leftMargin = 4;
+constexpr int rightMargin = 5;
 constexpr int verticalMargin = 4;
 constexpr int tallest = 10000;
+
+int heightOf(const QFontMetrics& metrics, const QString& caption, int width) {
+    return metrics.boundingRect(QRect(0, 0, width, tallest), Qt::TextWordWrap, caption).height();
+}
+
+/// The smallest width that needs no more lines than the given one, so that no last line holds a mere "a:".
+int balancedWidth(const QFontMetrics& metrics, const QString& caption, int width) {
+    const int height = heightOf(metrics, caption, width);
+    if (height <= metrics.height())
+        return width;
+    int tooNarrow = 0;
+    int enough = width;
+    while (enough - tooNarrow > 1) {
+        const int middle = (tooNarrow + enough) / 2;
+        const QRect needed = metrics.boundingRect(QRect(0, 0, middle, tallest), Qt::TextWordWrap, caption);
+        (needed.height() <= height && needed.width() <= middle ? enough : tooNarrow) = middle;
+    }
+    return enough;
+}
 
 } // namespace
 
@@ -29,9 +50,8 @@ QSize XGridHeader::sizeHint() const {
     for (int c = 0; c < qMin(count(), m_state.cols()); ++c) {
         if (isSectionHidden(c))
             continue;
-        const QRect room(0, 0, sectionSize(c) - 2 * horizontalMargin, tallest);
-        height =
-            qMax(height, metrics.boundingRect(room, Qt::TextWordWrap, m_state.column(c).caption()).height());
+        const int room = sectionSize(c) - leftMargin - rightMargin;
+        height = qMax(height, heightOf(metrics, m_state.column(c).caption(), room));
     }
     return {QHeaderView::sizeHint().width(), height + 2 * verticalMargin + 1};
 }
@@ -44,7 +64,7 @@ void XGridHeader::captionsChanged() {
 
 QSize XGridHeader::sectionSizeFromContents(int section) const {
     const QString caption = section < m_state.cols() ? m_state.column(section).caption() : QString();
-    return {fontMetrics().horizontalAdvance(caption) + 2 * horizontalMargin, fontMetrics().height()};
+    return {fontMetrics().horizontalAdvance(caption) + leftMargin + rightMargin, fontMetrics().height()};
 }
 
 QColor XGridHeader::background(int section) const {
@@ -52,13 +72,13 @@ QColor XGridHeader::background(int section) const {
 }
 
 void XGridHeader::paintEvent(QPaintEvent* event) {
-    // The band goes on beyond the last column, so that the caption row ends where the grid ends.
-    QPainter painter(viewport());
-    painter.fillRect(event->rect(), background(m_state.cols() - 1));
-    painter.setPen(m_state.lineColor);
-    painter.drawLine(0, height() - 1, width(), height() - 1);
-    painter.end();
     QHeaderView::paintEvent(event);
+    // The band goes on beyond the last column, so that the caption row ends where the grid ends.
+    const QRect beyond(length() - offset(), 0, viewport()->width(), viewport()->height());
+    QPainter painter(viewport());
+    painter.fillRect(beyond, background(m_state.cols() - 1));
+    painter.setPen(m_state.lineColor);
+    painter.drawLine(beyond.bottomLeft(), beyond.bottomRight());
 }
 
 void XGridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
@@ -71,7 +91,12 @@ void XGridHeader::paintSection(QPainter* painter, const QRect& rect, int section
     painter->drawLine(rect.topRight(), rect.bottomRight());
     painter->setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    const QRect room = rect.adjusted(horizontalMargin, 0, -horizontalMargin, -1);
+    QRect room = rect.adjusted(leftMargin, 0, -rightMargin, -1);
+    const int width = balancedWidth(fontMetrics(), column.caption(), room.width());
+    if (column.textAlignment() & Qt::AlignRight)
+        room.setLeft(room.right() - width + 1);
+    else
+        room.setWidth(width);
     painter->drawText(room, static_cast<int>(column.textAlignment()) | Qt::TextWordWrap, column.caption());
 }
 

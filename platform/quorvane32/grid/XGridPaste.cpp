@@ -86,13 +86,17 @@ XGridPaste::Outcome XGridPaste::pasteRow(const QStringList& line, int row, const
 }
 
 XGridPaste::Outcome XGridPaste::pasteCell(const QString& text, int row, int col) {
-    if (!m_state.isEditable(row, col) || text == m_state.text(row, col))
+    if (!m_state.isEditable(row, col))
         return Outcome::Skipped;
     const XGridColumn& column = m_state.column(col);
-    if (column.isList() && text.isEmpty())
-        return Outcome::Skipped; // a list offers no empty choice to type either
-    m_view.setCurrentCell(row, col);
+    const QString current = m_state.text(row, col);
+    // What reads so already needs no edit, and a list offers no empty choice to type either.
+    if (text == current || (column.isList() && text.isEmpty()))
+        return Outcome::Skipped;
     const QString entry = column.isList() ? listForm(text, col) : text;
+    if (entry == current)
+        return Outcome::Skipped;
+    m_view.setCurrentCell(row, col);
     if (entry.isNull()) {
         explainListRefusal(text, row, col);
         return Outcome::Stopped;

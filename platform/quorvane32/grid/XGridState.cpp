@@ -17,15 +17,17 @@ int XGridState::nextEditable(int from, int step) const {
     return -1;
 }
 
-int XGridState::firstColumn() const {
-    const int editable = nextEditable(-1, 1);
-    if (editable >= 0)
-        return editable;
-    for (int c = 0; c < cols(); ++c) {
+int XGridState::visibleColumn(int from, int step) const {
+    for (int c = from; c >= 0 && c < cols(); c += step) {
         if (column(c).isVisible())
             return c;
     }
     return 0;
+}
+
+int XGridState::firstColumn() const {
+    const int editable = nextEditable(-1, 1);
+    return editable >= 0 ? editable : visibleColumn(0, 1);
 }
 
 QColor colorFromNumber(quint32 number) {

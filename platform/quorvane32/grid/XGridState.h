@@ -39,6 +39,9 @@ struct XGridState {
     QString text(int atRow, int atCol) const;
     /// The first column that can be edited, else the first visible one, else 0.
     int firstColumn() const;
+    /// The first visible column from the given one on, to the right (step 1) or left (step -1); 0 when none
+    /// is.
+    int visibleColumn(int from, int step) const;
     /// The next editable column after (step 1) or before (step -1) the given one; -1 when there is none.
     int nextEditable(int from, int step) const;
 };

@@ -79,6 +79,7 @@ private:
     bool isOwnShortcut(const QKeyEvent& event) const;
     bool moveOn(int step);
     bool moveDown();
+    bool jump(int key);
     void hover(const QModelIndex& index);
     bool isOnButton(const QModelIndex& index, const QPoint& at) const;
     void buttonClicked(const QModelIndex& index);

@@ -134,6 +134,8 @@ bool XGridView::cursorKey(QKeyEvent& event) {
         done = moveOn(step) || isEnter(event);
     } else if (event.key() == Qt::Key_Down && heldWith(event) == Qt::NoModifier) {
         done = moveDown();
+    } else if (heldWith(event) == Qt::ControlModifier && jump(event.key())) {
+        done = true;
     } else if (isTableKey(event)) {
         QTableView::keyPressEvent(&event);
         return event.isAccepted();
@@ -165,8 +167,26 @@ bool XGridView::moveOn(int step) {
 
 bool XGridView::moveDown() {
     const int row = m_state.row + 1;
+    const bool visible = m_state.col < m_state.cols() && m_state.column(m_state.col).isVisible();
     if (row < m_state.rows || requestRow())
-        setCurrentCell(row, m_state.col);
+        setCurrentCell(row, visible ? m_state.col : m_state.firstColumn());
+    return true;
+}
+
+/// Ctrl with an arrow goes to the edge of the grid.
+bool XGridView::jump(int key) {
+    if (!m_state.isCell(m_state.row, m_state.col))
+        return false;
+    if (key == Qt::Key_Up)
+        setCurrentCell(1, m_state.col);
+    else if (key == Qt::Key_Down)
+        setCurrentCell(m_state.rows - 1, m_state.col);
+    else if (key == Qt::Key_Left)
+        setCurrentCell(m_state.row, m_state.visibleColumn(0, 1));
+    else if (key == Qt::Key_Right)
+        setCurrentCell(m_state.row, m_state.visibleColumn(m_state.cols() - 1, -1));
+    else
+        return false;
     return true;
 }
 
