@@ -174,7 +174,7 @@ QAccessibleInterface* GridAccessible::focusChild() const {
 }
 
 QString GridAccessible::text(QAccessible::Text kind) const {
-    const QString own = QAccessibleWidget::text(kind);
+    QString own = QAccessibleWidget::text(kind);
     const QWidget* grid = m_view->parentWidget();
     if (!own.isEmpty() || !grid)
         return own;

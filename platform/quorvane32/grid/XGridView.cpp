@@ -154,13 +154,14 @@ void XGridView::currentChanged(const QModelIndex& current, const QModelIndex& pr
     repaintRow(m_state.row);
     // The base class would name the cell to assistive technology by its number among all cells; the grid's
     // own description knows the visible ones only, so it is told by the grid itself.
-    QAbstractItemView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
     announceCursor(*this);
     Q_EMIT cursorMoved();
 }
 
 void XGridView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    // Passes over the table's own report to assistive technology, as above.
+    QAbstractItemView::selectionChanged(selected, deselected); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void XGridView::focusMayHaveMoved() {

@@ -147,7 +147,8 @@ bool XGridView::cursorKey(QKeyEvent& event) {
 void XGridView::moveByKey(const QKeyEvent& event) {
     QKeyEvent again(QEvent::KeyPress, event.key(), event.modifiers(), event.text());
     if (!cursorKey(again) && isTab(event))
-        QAbstractScrollArea::focusNextPrevChild(stepOf(event) > 0);
+        // The item view's own would send the key to the grid again.
+        QAbstractScrollArea::focusNextPrevChild(stepOf(event) > 0); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool XGridView::moveOn(int step) {
