@@ -52,7 +52,7 @@ void ErpSession::Initialize(Connection& connection, const QString&, const QStrin
     m_program = program;
     m_profile = Profile::load(m_folder);
     const QString connectString = m_profile.resolvedConnectString(m_folder);
-    m_own.open(ownConnectString(connectString));
+    openOwn(connectString);
     m_accounts.checkLayout(databaseName(connectString));
     m_companies = m_accounts.companies(m_profile.companies);
     if (m_companies.empty())
@@ -66,6 +66,21 @@ void ErpSession::Initialize(Connection& connection, const QString&, const QStrin
     m_rightsRead.reset();
     noticeReadOnly();
     connection.open(connectString);
+}
+
+void ErpSession::openOwn(const QString& connectString) {
+    try {
+        m_own.open(ownConnectString(connectString));
+    } catch (const RunTimeError& error) {
+        // A read-only file can be read; in a read-only folder the programs cannot agree on who writes.
+        if (error.number() != ErrorPermissionDenied)
+            throw;
+        throw RunTimeError(
+            ErrorPermissionDenied,
+            QStringLiteral("No se puede usar la base de datos %1: no tiene permiso sobre ella o su carpeta "
+                           "es de sólo lectura [%2]")
+                .arg(databaseName(connectString), error.description()));
+    }
 }
 
 bool ErpSession::signIn(const QString& company) {

@@ -56,6 +56,7 @@ public:
     std::size_t WaitingAuditEntries() const { return m_audit.waiting(); }
 
 private:
+    void openOwn(const QString& connectString);
     bool signIn(const QString& company);
     void signInAutomatically(const QString& company);
     bool askWhoSignsIn(const QString& company);

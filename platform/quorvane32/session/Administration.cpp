@@ -1,0 +1,150 @@
+#include "platform/quorvane32/session/Administration.h"
+
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/session/Passwords.h"
+#include "platform/quorvane32/session/SessionSql.h"
+#include <algorithm>
+
+namespace quorvane {
+
+namespace {
+
+const RegionalSettings plain{};
+
+/// Undoes what was begun unless it was committed.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection) : m_connection(connection) { m_connection.beginTrans(); }
+    ~Transaction() { m_connection.rollbackTrans(); }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void commit() { m_connection.commitTrans(); }
+
+private:
+    Connection& m_connection;
+};
+
+[[noreturn]] void refuse(const QString& text) {
+    throw RunTimeError(ErrorInvalidCall, text);
+}
+
+[[noreturn]] void raiseUnknown(const QString& code) {
+    throw RunTimeError(ErrorItemNotFound, QStringLiteral("El usuario «%1» no existe").arg(code));
+}
+
+QString checkedPassword(const QString& password) {
+    if (password.size() < Administration::shortestPassword)
+        refuse(QStringLiteral("La contraseña debe tener al menos %1 caracteres")
+                   .arg(Administration::shortestPassword));
+    return password;
+}
+
+QString checkedRights(const QString& letters) {
+    static constexpr QStringView all = u"RWXD";
+    const QString upper = letters.toUpper();
+    bool valid = upper.size() == all.size();
+    for (qsizetype i = 0; valid && i < all.size(); ++i)
+        valid = upper[i] == all[i] || upper[i] == u'-';
+    if (!valid)
+        refuse(QStringLiteral(
+                   "Derechos inválidos «%1»: se esperan cuatro letras RWXD, con «-» en lugar de las que no "
+                   "se otorgan")
+                   .arg(letters));
+    return upper;
+}
+
+QString text(const Recordset& row, QStringView field) {
+    return row.value(field).toText(plain);
+}
+
+} // namespace
+
+std::vector<UserRecord> Administration::users(const QDateTime& now) {
+    std::vector<UserRecord> users;
+    Recordset rows = m_connection.openRecordset(
+        QStringLiteral("SELECT u.Usuario, u.Nombre, u.BloqueadoHasta, coalesce(d.Programa, '') Programa, "
+                       "coalesce(d.Derechos, '') Derechos FROM ses_usuario u LEFT JOIN ses_derecho d ON "
+                       "d.Usuario = u.Usuario ORDER BY u.Usuario, d.Programa"));
+    for (; !rows.eof(); rows.moveNext()) {
+        if (users.empty() || users.back().code != text(rows, u"Usuario")) {
+            const auto lock = static_cast<qint64>(rows.value(u"BloqueadoHasta").toNumber(plain));
+            const QDateTime end = QDateTime::fromSecsSinceEpoch(lock);
+            users.push_back(
+                {text(rows, u"Usuario"), text(rows, u"Nombre"), end > now ? end : QDateTime(), {}});
+        }
+        if (!text(rows, u"Programa").isEmpty())
+            users.back().rights.emplace_back(text(rows, u"Programa"), text(rows, u"Derechos"));
+    }
+    return users;
+}
+
+void Administration::addUser(const QString& code, const QString& name, const QString& password) {
+    if (code.trimmed().isEmpty())
+        refuse(QStringLiteral("Debe indicar el usuario"));
+    const QString hash = hashPassword(checkedPassword(password));
+    m_connection.execute(QStringLiteral("INSERT INTO ses_usuario (Usuario, Nombre, Clave) VALUES (") +
+                         sqlText(code.trimmed()) + u',' + sqlText(name.trimmed()) + u',' + sqlText(hash) +
+                         u')');
+}
+
+void Administration::removeUser(const QString& code) {
+    Transaction transaction(m_connection);
+    if (m_connection.execute(QStringLiteral("DELETE FROM ses_usuario WHERE Usuario = ") + sqlText(code)) == 0)
+        raiseUnknown(code);
+    m_connection.execute(QStringLiteral("DELETE FROM ses_derecho WHERE Usuario = ") + sqlText(code));
+    transaction.commit();
+}
+
+void Administration::setPassword(const QString& code, const QString& password) {
+    const QString hash = hashPassword(checkedPassword(password));
+    update(code, QStringLiteral("Fallidos = 0, BloqueadoHasta = 0, Clave = ") + sqlText(hash));
+}
+
+void Administration::setRights(const QString& code, const QString& program, const QString& letters) {
+    const QString rights = checkedRights(letters);
+    if (program.trimmed().isEmpty())
+        refuse(QStringLiteral("Debe indicar el programa"));
+    Transaction transaction(m_connection);
+    const QString key = sqlText(program.trimmed().toUpper());
+    {
+        const Recordset user = m_connection.openRecordset(
+            QStringLiteral("SELECT Usuario FROM ses_usuario WHERE Usuario = ") + sqlText(code));
+        if (user.eof())
+            raiseUnknown(code);
+    }
+    if (m_connection.execute(QStringLiteral("UPDATE ses_derecho SET Derechos = ") + sqlText(rights) +
+                             QStringLiteral(" WHERE Usuario = ") + sqlText(code) +
+                             QStringLiteral(" AND Programa = ") + key) == 0)
+        m_connection.execute(
+            QStringLiteral("INSERT INTO ses_derecho (Usuario, Programa, Derechos) VALUES (") + sqlText(code) +
+            u',' + key + u',' + sqlText(rights) + u')');
+    transaction.commit();
+}
+
+void Administration::unlock(const QString& code) {
+    update(code, QStringLiteral("Fallidos = 0, BloqueadoHasta = 0"));
+}
+
+void Administration::update(const QString& code, const QString& assignments) {
+    if (m_connection.execute(QStringLiteral("UPDATE ses_usuario SET ") + assignments +
+                             QStringLiteral(" WHERE Usuario = ") + sqlText(code)) == 0)
+        raiseUnknown(code);
+}
+
+std::vector<AuditEntry> Administration::lastAuditEntries(int count) {
+    std::vector<AuditEntry> entries;
+    Recordset rows = m_connection.openRecordset(
+        QStringLiteral(
+            "SELECT TOP %1 Momento, Usuario, Empresa, Programa, Codigo, Texto, Equipo FROM ses_auditoria "
+            "ORDER BY Id DESC")
+            .arg(count));
+    for (; !rows.eof(); rows.moveNext())
+        entries.push_back({text(rows, u"Momento"), text(rows, u"Usuario"), text(rows, u"Empresa"),
+                           text(rows, u"Programa"), static_cast<int>(rows.value(u"Codigo").toNumber(plain)),
+                           text(rows, u"Texto"), text(rows, u"Equipo")});
+    std::reverse(entries.begin(), entries.end());
+    return entries;
+}
+
+} // namespace quorvane

@@ -1,0 +1,280 @@
+#include "platform/quorvane32/session/ErpSession.h"
+
+#include "tests/quorvane32_session/SessionSupport.h"
+#include <QFile>
+
+namespace {
+
+using namespace quorvane;
+using namespace quorvane::test;
+
+class ErpSessionTest : public testing::Test {
+protected:
+    /// Initialize as the program calls it; true when it signed in.
+    bool initialize(const QString& company = {}) {
+        bool cancel = false;
+        session.SetClientInfo(QStringLiteral("pc-1"));
+        session.Initialize(connection, QStringLiteral("DALVORA"), QStringLiteral("VELTRANO"),
+                           QStringLiteral("1.0.01"), company, cancel);
+        return !cancel;
+    }
+    LoginAnswer answer(const char* company, const char* user, const QString& given) {
+        return {QLatin1String(company), QLatin1String(user), given};
+    }
+    const QString correct = QString::fromUtf16(password);
+    SessionFolder folder;
+    StoppedClock clock;
+    PreparedPrompt prompt;
+    Connection connection;
+    ErpSession session{folder.path(), &prompt, clock.clock()};
+};
+
+class AutomaticSignIn : public ErpSessionTest {
+protected:
+    void SetUp() override { folder.setAutomatic(QStringLiteral("ana")); }
+};
+
+TEST_F(AutomaticSignIn, TakesTheProfilesCompanyWhenNoneIsGiven) {
+    EXPECT_TRUE(initialize());
+    EXPECT_EQ(session.CompanyCode(), QStringLiteral("001"));
+    EXPECT_EQ(session.CompanyName(), QStringLiteral("Viento Norte"));
+    EXPECT_EQ(session.UserName(), QStringLiteral("ana"));
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("RWXD"));
+    EXPECT_EQ(session.Warning(), QString());
+    EXPECT_TRUE(connection.isOpen());
+    EXPECT_TRUE(prompt.questions.empty());
+}
+
+TEST_F(AutomaticSignIn, TakesTheCompanyGiven) {
+    EXPECT_TRUE(initialize(QStringLiteral(" 002 ")));
+    EXPECT_EQ(session.CompanyCode(), QStringLiteral("002"));
+}
+
+TEST_F(AutomaticSignIn, AnUnknownCompanyIsAClearError) {
+    const RunTimeError error = errorOf([&] { initialize(QStringLiteral("9")); });
+    EXPECT_EQ(error.number(), ErrorInvalidCall);
+    EXPECT_EQ(error.description(), QStringLiteral("La empresa «9» no existe o no está en el perfil."));
+    EXPECT_FALSE(connection.isOpen());
+}
+
+TEST_F(AutomaticSignIn, ACompanyOutsideTheProfileIsRefused) {
+    folder.execute(QStringLiteral("INSERT INTO ses_empresa VALUES ('003', 'Otra')"));
+    EXPECT_EQ(errorOf([&] { initialize(QStringLiteral("003")); }).number(), ErrorInvalidCall);
+}
+
+TEST_F(AutomaticSignIn, AUserWhoDoesNotExistOrHasNoRightsIsRefused) {
+    folder.setAutomatic(QStringLiteral("nadie"));
+    EXPECT_TRUE(errorOf([&] { initialize(); }).description().startsWith(u"El usuario «nadie» del perfil "));
+    folder.setAutomatic(QStringLiteral("sin"));
+    EXPECT_EQ(errorOf([&] { initialize(); }).description(),
+              QStringLiteral("El usuario «sin» no tiene acceso al programa VELTRANO."));
+}
+
+TEST_F(AutomaticSignIn, AProfileWithoutAKnownCompanyIsRefused) {
+    folder.execute(QStringLiteral("DELETE FROM ses_empresa"));
+    EXPECT_TRUE(errorOf([&] { initialize(); }).description().contains(u"no nombra ninguna empresa"));
+}
+
+TEST_F(AutomaticSignIn, AMissingDatabaseOrOneThatIsNoneIsToldAndNothingIsMade) {
+    QFile::remove(folder.database());
+    EXPECT_EQ(errorOf([&] { initialize(); }).number(), ErrorFileNotFound);
+    EXPECT_FALSE(QFile::exists(folder.database()));
+    QFile file(folder.database());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(4096, 'x'));
+    file.close();
+    EXPECT_EQ(errorOf([&] { initialize(); }).number(), ErrorDatabaseFormat);
+}
+
+TEST_F(AutomaticSignIn, AnEmptyFileAndAnotherProgramsDatabaseAreNoQuorvaneDatabase) {
+    QFile::remove(folder.database());
+    QFile file(folder.database());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const RunTimeError error = errorOf([&] { initialize(); });
+    EXPECT_EQ(error.number(), ErrorDatabaseFormat);
+    EXPECT_TRUE(error.description().contains(u"no es una base de datos de Quorvane ERP"));
+}
+
+TEST_F(AutomaticSignIn, AnOlderLayoutIsTold) {
+    folder.execute(QStringLiteral("UPDATE ses_esquema SET Version = 0"));
+    EXPECT_TRUE(errorOf([&] { initialize(); }).description().contains(u"tiene una versión anterior"));
+}
+
+TEST_F(AutomaticSignIn, ARightWithdrawnIsGoneWithinASecond) {
+    ASSERT_TRUE(initialize());
+    ASSERT_EQ(session.AccessRights(), QStringLiteral("RWXD"));
+    folder.execute(QStringLiteral("UPDATE ses_derecho SET Derechos = 'R-X-' WHERE Usuario = 'ana'"));
+    clock.pass(1);
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("R-X-"));
+}
+
+TEST_F(AutomaticSignIn, AUserRemovedMeanwhileHasNoRights) {
+    ASSERT_TRUE(initialize());
+    folder.execute(QStringLiteral("DELETE FROM ses_usuario WHERE Usuario = 'ana'"));
+    clock.pass(1);
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("----"));
+}
+
+TEST_F(AutomaticSignIn, WhileTheRightsCannotBeReadTheyStayWhatTheyWere) {
+    ASSERT_TRUE(initialize());
+    ASSERT_EQ(session.AccessRights(), QStringLiteral("RWXD"));
+    folder.execute(QStringLiteral("ALTER TABLE ses_derecho RENAME TO gone"));
+    clock.pass(1);
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("RWXD"));
+    folder.execute(QStringLiteral("ALTER TABLE gone RENAME TO ses_derecho"));
+    folder.execute(QStringLiteral("DELETE FROM ses_derecho"));
+    clock.pass(1);
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("----"));
+}
+
+TEST_F(AutomaticSignIn, AuditStoresTimeUserCompanyProgramCodeTextAndMachine) {
+    ASSERT_TRUE(initialize());
+    session.Audit(AuditStart, QString());
+    session.Audit(AuditCreate, QStringLiteral("001:COMISION:C1"));
+    EXPECT_EQ(folder.value(
+                  QStringLiteral("SELECT group_concat(Momento || '|' || Usuario || '|' || Empresa || '|' || "
+                                 "Programa || '|' || Codigo || '|' || Texto || '|' || Equipo, ';') FROM "
+                                 "ses_auditoria")),
+              QStringLiteral("2026-03-05 09:30:00.000|ana|001|VELTRANO|2||pc-1;2026-03-05 "
+                             "09:30:00.000|ana|001|VELTRANO|6|001:COMISION:C1|pc-1"));
+}
+
+TEST_F(AutomaticSignIn, AuditNeverRaisesAndDoesNotStandInTheProgramsTransaction) {
+    ASSERT_TRUE(initialize());
+    connection.beginTrans();
+    session.Audit(AuditRead, QStringLiteral("uno"));
+    EXPECT_EQ(session.WaitingAuditEntries(), 1U);
+    connection.rollbackTrans();
+    session.Audit(AuditRead, QStringLiteral("dos"));
+    EXPECT_EQ(session.WaitingAuditEntries(), 0U);
+    EXPECT_EQ(folder.value(QStringLiteral("SELECT group_concat(Texto) FROM ses_auditoria")),
+              QStringLiteral("uno,dos"));
+}
+
+TEST_F(AutomaticSignIn, TheSessionsStatementsAreNotSeenOnTheProgramsConnection) {
+    ASSERT_TRUE(initialize());
+    int seen = 0;
+    connection.setStatementObserver([&](const QString&) { ++seen; });
+    session.Audit(AuditRead, QStringLiteral("x"));
+    clock.pass(2);
+    session.AccessRights();
+    EXPECT_EQ(seen, 0);
+}
+
+TEST_F(AutomaticSignIn, ALockHeldByAnotherProgramDoesNotKeepTheProgramFromStarting) {
+    const WriteLock lock(folder.database());
+    EXPECT_TRUE(initialize());
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("RWXD"));
+    EXPECT_EQ(session.Warning(), QString());
+}
+
+/// What an unprivileged program sees of a database that it may only read: "" when all is well, else what is
+/// not.
+QString readOnlyFault(const QString& folder) {
+    ErpSession session(folder, nullptr);
+    Connection connection;
+    bool cancel = false;
+    session.Initialize(connection, {}, QStringLiteral("VELTRANO"), {}, {}, cancel);
+    if (!session.Warning().contains(u"es de sólo lectura"))
+        return QStringLiteral("no warning");
+    if (session.AccessRights() != QStringLiteral("R-X-"))
+        return QStringLiteral("rights ") + session.AccessRights();
+    session.Audit(AuditRead, QStringLiteral("x"));
+    if (session.WaitingAuditEntries() != 1)
+        return QStringLiteral("audit entry not kept");
+    const Recordset rows = connection.openRecordset(QStringLiteral("SELECT count(*) FROM ses_empresa"));
+    return rows.value(0).toText({}) == u"2" ? QString() : QStringLiteral("nothing read");
+}
+
+TEST_F(AutomaticSignIn, AReadOnlyFileOpensForReadingAndSaysSo) {
+    folder.letOthers(SessionFolder::Files::Read, SessionFolder::Folder::Write);
+    EXPECT_EQ(asUnprivileged([&] { return readOnlyFault(folder.path()); }), QString());
+}
+
+TEST_F(AutomaticSignIn, AReadOnlyFolderIsToldClearly) {
+    folder.letOthers(SessionFolder::Files::Read, SessionFolder::Folder::Read);
+    const QString told = asUnprivileged([&] { return readOnlyFault(folder.path()); });
+    EXPECT_TRUE(told.startsWith(u"70 No se puede usar la base de datos ")) << qPrintable(told);
+    EXPECT_TRUE(told.contains(u"su carpeta es de sólo lectura")) << qPrintable(told);
+}
+
+TEST_F(ErpSessionTest, BeforeInitializeNothingIsAllowed) {
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("----"));
+    EXPECT_EQ(session.CompanyCode(), QString());
+}
+
+TEST_F(ErpSessionTest, AMissingProfileIsTold) {
+    QFile::remove(folder.profileFile());
+    EXPECT_EQ(errorOf([&] { initialize(); }).number(), ErrorFileNotFound);
+}
+
+TEST_F(ErpSessionTest, GivingUpSetsTheCancelFlag) {
+    EXPECT_FALSE(initialize());
+    EXPECT_FALSE(connection.isOpen());
+}
+
+TEST_F(ErpSessionTest, TheGivenCompanyIsNotAskedFor) {
+    prompt.answers = {answer("001", "luis", correct)};
+    EXPECT_TRUE(initialize(QStringLiteral("001")));
+    ASSERT_EQ(prompt.questions.size(), 1U);
+    EXPECT_FALSE(prompt.questions[0].askCompany);
+    EXPECT_EQ(prompt.questions[0].message, QString());
+    EXPECT_EQ(session.AccessRights(), QStringLiteral("R---"));
+}
+
+TEST_F(ErpSessionTest, WithoutACompanyTheProfilesAreOffered) {
+    prompt.answers = {answer("002", "ANA", correct)};
+    EXPECT_TRUE(initialize());
+    EXPECT_TRUE(prompt.questions[0].askCompany);
+    EXPECT_EQ(prompt.questions[0].company, QStringLiteral("001"));
+    ASSERT_EQ(prompt.questions[0].companies.size(), 2U);
+    EXPECT_EQ(prompt.questions[0].companies[1].name, QStringLiteral("Bebidas del Sur"));
+    EXPECT_EQ(session.CompanyCode(), QStringLiteral("002"));
+    EXPECT_EQ(session.UserName(), QStringLiteral("ana")) << "the user is named as stored";
+}
+
+TEST_F(ErpSessionTest, AnUnknownCompanyIsToldAndAskedForAgain) {
+    prompt.answers = {answer("9", "ana", correct), answer("001", "ana", correct)};
+    EXPECT_TRUE(initialize(QStringLiteral("9")));
+    EXPECT_TRUE(prompt.questions[0].askCompany);
+    EXPECT_EQ(prompt.questions[0].message,
+              QStringLiteral("La empresa «9» no existe o no está en el perfil."));
+    EXPECT_EQ(prompt.refusals, QStringList(prompt.questions[0].message));
+    EXPECT_EQ(session.CompanyCode(), QStringLiteral("001"));
+}
+
+TEST_F(ErpSessionTest, ThreeWrongPasswordsLockTheUserAcrossProgramStarts) {
+    prompt.answers = {answer("001", "ana", QStringLiteral("a")), answer("001", "ana", QStringLiteral("b")),
+                      answer("001", "ana", QStringLiteral("c")), answer("001", "ana", correct)};
+    EXPECT_FALSE(initialize());
+    ASSERT_EQ(prompt.refusals.size(), 4);
+    EXPECT_EQ(prompt.refusals[1], QStringLiteral("Usuario o contraseña incorrectos."));
+    EXPECT_TRUE(prompt.refusals[2].contains(u"bloqueado hasta las 09:35:00"));
+    EXPECT_TRUE(prompt.refusals[3].contains(u"bloqueado"));
+    ErpSession later(folder.path(), &prompt, clock.clock());
+    prompt.answers = {answer("001", "ana", correct)};
+    bool cancel = false;
+    later.Initialize(connection, {}, QStringLiteral("VELTRANO"), {}, {}, cancel);
+    EXPECT_TRUE(cancel);
+    clock.pass(Accounts::lockSeconds);
+    later.Initialize(connection, {}, QStringLiteral("VELTRANO"), {}, {}, cancel);
+    EXPECT_FALSE(cancel);
+}
+
+TEST_F(ErpSessionTest, AUserWithoutRightsInTheProgramIsToldAndAnotherMaySignIn) {
+    prompt.answers = {answer("001", "sin", correct), answer("001", "luis", correct)};
+    EXPECT_TRUE(initialize());
+    EXPECT_EQ(prompt.refusals,
+              QStringList(QStringLiteral("El usuario «sin» no tiene acceso al programa VELTRANO.")));
+}
+
+TEST_F(ErpSessionTest, WithoutAWindowAProfileThatAsksIsAnError) {
+    ErpSession silent(folder.path(), nullptr);
+    bool cancel = false;
+    EXPECT_TRUE(errorOf([&] { silent.Initialize(connection, {}, {}, {}, {}, cancel); })
+                    .description()
+                    .contains(u"pide iniciar sesión"));
+}
+
+} // namespace

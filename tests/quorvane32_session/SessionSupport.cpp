@@ -1,0 +1,140 @@
+#include "tests/quorvane32_session/SessionSupport.h"
+
+#include "platform/quorvane32/session/Passwords.h"
+#include "sql/Schema.h"
+#include <QFile>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quorvane::test {
+
+namespace {
+
+/// Made once: a hash is slow by design.
+const QString& passwordHash() {
+    static const QString hash = hashPassword(QString::fromUtf16(password));
+    return hash;
+}
+
+} // namespace
+
+SessionFolder::~SessionFolder() {
+    QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+SessionFolder::SessionFolder() {
+    const auto handle = sqlite::open(database(), sqlite::Access::Create, 0);
+    sqlite::run(handle.get(), "PRAGMA journal_mode = WAL");
+    sqlite::run(handle.get(), dalvora::erpTables());
+    sqlite::run(handle.get(), dalvora::sessionTables());
+    execute(QStringLiteral("INSERT INTO ses_empresa VALUES ('001', 'Viento Norte')"));
+    execute(QStringLiteral("INSERT INTO ses_empresa VALUES ('002', 'Bebidas del Sur')"));
+    for (const char* user : {"ana", "luis", "sin"})
+        execute(QStringLiteral("INSERT INTO ses_usuario (Usuario, Clave) VALUES ('%1', '%2')")
+                    .arg(QLatin1String(user), passwordHash()));
+    execute(QStringLiteral("INSERT INTO ses_derecho VALUES ('ana', 'VELTRANO', 'RWXD')"));
+    execute(QStringLiteral("INSERT INTO ses_derecho VALUES ('luis', 'VELTRANO', 'R---')"));
+    setAutomatic(QString());
+}
+
+QString SessionFolder::connectString() const {
+    return QStringLiteral("Driver=sqlite;Timeout=5000;Database=") + database();
+}
+
+void SessionFolder::setAutomatic(const QString& user) {
+    Profile profile;
+    profile.connectString = QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=5000");
+    profile.companies = {QStringLiteral("001"), QStringLiteral("002")};
+    profile.defaultCompany = QStringLiteral("001");
+    profile.user = user;
+    profile.automatic = !user.isEmpty();
+    profile.save(path());
+}
+
+void SessionFolder::writeProfile(const QByteArray& text) const {
+    QFile file(profileFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+void SessionFolder::execute(const QString& sql) const {
+    const auto handle = sqlite::open(database(), sqlite::Access::ReadWrite, 5000);
+    sqlite::run(handle.get(), sql.toUtf8());
+}
+
+QString SessionFolder::value(const QString& sql) const {
+    Connection connection;
+    connection.open(connectString());
+    const Recordset row = connection.openRecordset(sql);
+    return row.eof() ? QString() : row.value(0).toText(RegionalSettings());
+}
+
+void SessionFolder::letOthers(Files files, Folder folder) const {
+    using enum QFileDevice::Permission;
+    const auto read = ReadOwner | ReadOther;
+    const auto write = WriteOwner | WriteOther;
+    const auto enter = ExeOwner | ExeOther;
+    // For its owner, too: the tests need not run as the superuser.
+    QFile::setPermissions(database(), files == Files::Write ? read | write : read);
+    QFile::setPermissions(profileFile(), read);
+    QFile::setPermissions(path(), folder == Folder::Write ? read | enter | write : read | enter);
+}
+
+QString asUnprivileged(const std::function<QString()>& work) {
+    int ends[2];
+    EXPECT_EQ(pipe(ends), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        constexpr unsigned nobody = 65534;
+        QString result;
+        try {
+            if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
+                result = QStringLiteral("privileges kept");
+            else
+                result = work();
+        } catch (const RunTimeError& error) {
+            result = QString::number(error.number()) + u' ' + error.description();
+        }
+        const QByteArray text = result.toUtf8();
+        _exit(write(ends[1], text.constData(), static_cast<std::size_t>(text.size())) == text.size() ? 0 : 1);
+    }
+    close(ends[1]);
+    QFile file;
+    EXPECT_TRUE(file.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+    const QString result = QString::fromUtf8(file.readAll());
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    return result;
+}
+
+WriteLock::WriteLock(const QString& database)
+    : m_handle(sqlite::open(database, sqlite::Access::ReadWrite, 5000)) {
+    sqlite::run(m_handle.get(), "BEGIN IMMEDIATE");
+}
+
+WriteLock::~WriteLock() {
+    sqlite::run(m_handle.get(), "ROLLBACK");
+}
+
+bool PreparedPrompt::ask(const LoginQuestion& question, const LoginAttempt& attempt) {
+    questions.push_back(question);
+    for (const LoginAnswer& answer : answers) {
+        const QString refusal = attempt(answer);
+        if (refusal.isEmpty())
+            return true;
+        refusals.append(refusal);
+    }
+    return false;
+}
+
+ErpSession::Clock StoppedClock::clock() {
+    return {[this] { return wall; }, [this] { return steady; }};
+}
+
+void StoppedClock::pass(int seconds) {
+    wall = wall.addSecs(seconds);
+    steady += std::chrono::seconds(seconds);
+}
+
+} // namespace quorvane::test

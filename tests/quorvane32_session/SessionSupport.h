@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "platform/quorvane32/session/ErpSession.h"
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace quorvane::test {
+
+inline constexpr char16_t password[] = u"Clave correcta";
+
+/// A folder with a profile and a database that holds the companies 001 and 002 and the users `ana` (RWXD),
+/// `luis` (R---) and `sin` (no rights in VELTRANO), all with the same password.
+class SessionFolder {
+public:
+    SessionFolder();
+    ~SessionFolder();
+    SessionFolder(const SessionFolder&) = delete;
+    SessionFolder& operator=(const SessionFolder&) = delete;
+
+    QString path() const { return m_folder.path(); }
+    QString database() const { return m_folder.filePath(QStringLiteral("quorvane.db")); }
+    QString profileFile() const { return m_folder.filePath(QStringLiteral("quorvane.ini")); }
+    QString connectString() const;
+    /// Rewrites the profile so that the user signs in by himself, or with "" that a window asks.
+    void setAutomatic(const QString& user);
+    void writeProfile(const QByteArray& text) const;
+    enum class Files { Read, Write };
+    enum class Folder { Read, Write };
+    /// What programs of other users may do with the database and with the folder.
+    void letOthers(Files files, Folder folder) const;
+    /// Runs a statement as another program would.
+    void execute(const QString& sql) const;
+    /// The first column of the first row as text, "" for no row.
+    QString value(const QString& sql) const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// Runs `work` in a process without the superuser's privileges and returns its text, "" for an empty one; an
+/// error that leaves it comes back as its description.
+QString asUnprivileged(const std::function<QString()>& work);
+
+/// Holds the write lock of a database as another program's long save would.
+class WriteLock {
+public:
+    explicit WriteLock(const QString& database);
+    ~WriteLock();
+    WriteLock(const WriteLock&) = delete;
+    WriteLock& operator=(const WriteLock&) = delete;
+
+private:
+    sqlite::Handle m_handle;
+};
+
+/// A person who gives prepared answers, one after the other, then gives up.
+class PreparedPrompt final : public LoginPrompt {
+public:
+    bool ask(const LoginQuestion& question, const LoginAttempt& attempt) override;
+
+    std::vector<LoginAnswer> answers;
+    std::vector<LoginQuestion> questions;
+    QStringList refusals;
+};
+
+/// Clocks that stand still until they are moved.
+struct StoppedClock {
+    QDateTime wall{QDate(2026, 3, 5), QTime(9, 30)};
+    std::chrono::steady_clock::time_point steady{};
+
+    ErpSession::Clock clock();
+    void pass(int seconds);
+};
+
+/// Runs `work` and returns the error that left it; fails when none did.
+template<class Work> RunTimeError errorOf(Work&& work) {
+    try {
+        work();
+    } catch (const RunTimeError& error) {
+        return error;
+    }
+    ADD_FAILURE() << "no error";
+    return {0, {}};
+}
+
+} // namespace quorvane::test
