@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFontInfo>
 #include <QFormLayout>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -27,6 +28,13 @@ QLabel* plainLabel(const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
     label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+/// The programs' font is measured in pixels, the toolkit's own in points: QFontInfo knows both.
+QFont headingFont(QFont font) {
+    font.setPixelSize(QFontInfo(font).pixelSize() * 8 / 5);
+    font.setBold(true);
+    return font;
 }
 
 QFrame* line(QWidget* parent) {
@@ -85,11 +93,9 @@ QWidget* LoginWindow::banner(const QString& program) {
     panel->setAutoFillBackground(true);
     panel->setMinimumWidth(windowWidth);
     auto* words = new QVBoxLayout;
+    words->setSpacing(4);
     auto* title = plainLabel(QStringLiteral("Quorvane ERP"), panel);
-    QFont large = title->font();
-    large.setPointSizeF(large.pointSizeF() * 1.6);
-    large.setBold(true);
-    title->setFont(large);
+    title->setFont(headingFont(title->font()));
     words->addWidget(title);
     words->addWidget(plainLabel(program, panel));
     auto* layout = new QHBoxLayout(panel);

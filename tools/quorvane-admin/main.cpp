@@ -1,0 +1,14 @@
+#include "tools/quorvane-admin/AdminProgram.h"
+#include "tools/quorvane-admin/PasswordInput.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream errors(stderr);
+    quorvane::admin::AdminProgram program(out, errors, quorvane::admin::readPassword);
+    return program.run(QCoreApplication::arguments().mid(1));
+}
