@@ -1,6 +1,7 @@
 #include "platform/quorvane32/core/SpanishText.h"
 #include <QVarLengthArray>
 #include <array>
+#include <cstring>
 
 namespace quorvane {
 
@@ -103,6 +104,9 @@ int compareSpanish(QStringView a, QStringView b) {
 }
 
 int compareSpanishUtf8(QByteArrayView a, QByteArrayView b) {
+    // Most comparisons inside a key meet the same company, code and kind again.
+    if (a.size() == b.size() && std::memcmp(a.data(), b.data(), static_cast<std::size_t>(a.size())) == 0)
+        return 0;
     if (isAscii(a) && isAscii(b))
         return compareAscii(a, b);
     return compareSpanish(QString::fromUtf8(a), QString::fromUtf8(b));
