@@ -5,6 +5,7 @@
 
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 
 namespace help {
 
@@ -23,6 +24,24 @@ void fill(QStandardItem* parent, const std::vector<SitemapNode>& nodes) {
     }
 }
 
+/// Lets the icon of the selected line follow its text when the selection is only tinted.
+class ContentsDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->state.testFlag(QStyle::State_Active))
+            option->icon = lineIcon(glyphOf(index), OnSelection::PlainText);
+    }
+
+private:
+    static Glyph glyphOf(const QModelIndex& index) {
+        return index.model()->hasChildren(index) ? Glyph::Book : Glyph::Page;
+    }
+};
+
 QModelIndex lineOf(const QAbstractItemModel& model, const QString& page, const QModelIndex& parent) {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex line = model.index(row, 0, parent);
@@ -40,6 +59,7 @@ ContentsPanel::ContentsPanel(QWidget* parent) : QTreeView(parent), m_model(new Q
     setObjectName(QStringLiteral("contents"));
     setAccessibleName(tr("Contenido de la ayuda"));
     setModel(m_model);
+    setItemDelegate(new ContentsDelegate(this));
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);
     setExpandsOnDoubleClick(true);

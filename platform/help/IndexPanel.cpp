@@ -66,7 +66,6 @@ IndexPanel::IndexPanel(QWidget* parent)
     m_words->setHeaderHidden(true);
     m_words->setRootIsDecorated(false);
     m_words->setItemsExpandable(false);
-    m_words->setFrameShape(QFrame::NoFrame);
     m_words->setItemDelegate(new RoomyDelegate(m_words));
     m_words->setIndentation(14);
     m_filter->setSourceModel(m_model);
@@ -74,7 +73,7 @@ IndexPanel::IndexPanel(QWidget* parent)
     auto* label = new QLabel(tr("Palabra que busca:"), this);
     label->setBuddy(m_text);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 8, 8, 0);
+    column->setContentsMargins(8, 8, 4, 8);
     column->addWidget(label);
     column->addWidget(m_text);
     column->addWidget(m_words, 1);

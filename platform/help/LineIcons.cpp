@@ -116,12 +116,13 @@ QPainterPath outline(Glyph glyph) {
 
 class LineIconEngine : public QIconEngine {
 public:
-    explicit LineIconEngine(Glyph glyph) : m_glyph(glyph) {}
+    LineIconEngine(Glyph glyph, OnSelection onSelection) : m_glyph(glyph), m_onSelection(onSelection) {}
 
     void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State) override {
         const QPalette palette = QApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::WindowText;
+        const bool selected = mode == QIcon::Selected && m_onSelection == OnSelection::SelectedText;
+        const auto role = selected ? QPalette::HighlightedText : QPalette::WindowText;
         const qreal side = std::min(area.width(), area.height());
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
@@ -140,16 +141,17 @@ public:
         return picture;
     }
 
-    QIconEngine* clone() const override { return new LineIconEngine(m_glyph); }
+    QIconEngine* clone() const override { return new LineIconEngine(m_glyph, m_onSelection); }
 
 private:
     Glyph m_glyph;
+    OnSelection m_onSelection;
 };
 
 } // namespace
 
-QIcon lineIcon(Glyph glyph) {
-    return QIcon(new LineIconEngine(glyph));
+QIcon lineIcon(Glyph glyph, OnSelection onSelection) {
+    return QIcon(new LineIconEngine(glyph, onSelection));
 }
 
 } // namespace help

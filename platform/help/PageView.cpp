@@ -73,7 +73,11 @@ QVariant PageView::loadResource(int type, const QUrl& name) {
     if (type == QTextDocument::HtmlResource)
         return m_file->html(file).value_or(missingPage(file));
     const QByteArray bytes = m_file->bytes(file).value_or(QByteArray(""));
-    return type == QTextDocument::StyleSheetResource ? QVariant(decodeText(bytes)) : QVariant(bytes);
+    if (type != QTextDocument::StyleSheetResource || bytes.isEmpty())
+        return bytes;
+    // The page is set in the font of the program around it.
+    return QString(decodeText(bytes) +
+                   QStringLiteral("\nbody { font-family: \"%1\"; }").arg(font().family()));
 }
 
 QString PageView::missingPage(const QString& name) {

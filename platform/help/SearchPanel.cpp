@@ -39,8 +39,10 @@ public:
         const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
         style->drawControl(QStyle::CE_ItemViewItem, &background, painter, option.widget);
         const bool selected = option.state.testFlag(QStyle::State_Selected);
+        const auto group =
+            option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
         painter->save();
-        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
         QRect area = option.rect.adjusted(Margin, Margin, -Margin, -Margin);
         QFont bold = option.font;
         bold.setBold(true);
@@ -73,13 +75,12 @@ SearchPanel::SearchPanel(QWidget* parent)
     m_summary->setWordWrap(true);
     m_hits->setAccessibleName(tr("Páginas encontradas"));
     m_hits->setItemDelegate(new HitDelegate(m_hits));
-    m_hits->setFrameShape(QFrame::NoFrame);
     m_hits->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_hits->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     auto* label = new QLabel(tr("Palabras que busca:"), this);
     label->setBuddy(m_text);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 8, 8, 0);
+    column->setContentsMargins(8, 8, 4, 8);
     column->addWidget(label);
     column->addWidget(m_text);
     column->addWidget(m_summary);
