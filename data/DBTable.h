@@ -107,6 +107,12 @@ public:
     void setSave_FechaFinal(quorvane::Date date) { m_save_FechaFinal = date; }
     /// Takes the current dates as those of the stored row: due right after a successful read.
     void SaveDates();
+    /// Takes both dates at once, checked by the caller; the record then counts as modified.
+    void setPeriod(quorvane::Date start, quorvane::Date end) {
+        m_FECHAINICIO = start;
+        m_FechaFinal = end;
+        SysRecordModified = true;
+    }
     /// Empties both dates and their saved copies.
     void ClearDates();
 
@@ -136,6 +142,8 @@ public:
     /// "S" when percentages accumulate, else "N".
     QString Acumulable;
     QString SysEmpresa;
+    /// Name of the program that the record works for.
+    QString SysPrograma;
     /// Number format of quantities.
     QString SysFormatNum;
     /// Decimals of quantities.

@@ -38,6 +38,12 @@ std::optional<double> enteredNumber(const QString& text, int decimals, const Reg
     return *value.get<double>();
 }
 
+/// Tells why an entry is refused; always False.
+bool refuse(const QString& why, int style) {
+    ShowMessage(why, style);
+    return false;
+}
+
 } // namespace
 
 QStringList CommissionLine::ListValue(int) const {
@@ -56,48 +62,50 @@ template<class Values> QString LineOf<Values>::TextValue(int column) const {
                                                  : table().regional().numberText(number);
 }
 
-template<class Values> void LineOf<Values>::setTextValue(int column, const QString& pValue) {
+template<class Values> bool LineOf<Values>::setTextValue(int column, const QString& pValue) {
     SysErrorCol = 0;
     try {
         if (const LineColumn<Values>* found = columnAt<Values>(column))
-            assign(*found, pValue);
-        else
-            ShowMessage(u"Columna inválida"_s, MessageError);
+            return assign(*found, pValue);
+        return refuse(u"Columna inválida"_s, MessageError);
     } catch (const quorvane::RunTimeError& error) {
         ShowRunTimeError(u"Error al asignar valor a campo de detalle"_s, error);
+        return false;
     }
 }
 
-template<class Values> void LineOf<Values>::assign(const LineColumn<Values>& column, const QString& pValue) {
+template<class Values> bool LineOf<Values>::assign(const LineColumn<Values>& column, const QString& pValue) {
     switch (column.rule) {
-    case ColumnRule::Text:
-        this->*column.text = enteredText(pValue, column.limit, table().regional());
-        break;
     case ColumnRule::Code:
-        assignCode(column, pValue);
-        break;
+        return assignCode(column, pValue);
     case ColumnRule::BracketStart:
-        assignBracketStart(pValue);
-        break;
+        return assignBracketStart(pValue);
     case ColumnRule::BracketEnd:
-        assignBracketEnd(pValue);
-        break;
+        return assignBracketEnd(pValue);
     case ColumnRule::Percentage:
-        assignPercentage(column, pValue);
+        return assignPercentage(column, pValue);
+    case ColumnRule::Text:
         break;
     }
+    this->*column.text = enteredText(pValue, column.limit, table().regional());
+    return true;
+}
+
+template<class Values> bool LineOf<Values>::store(double Values::*field, double value) {
+    this->*field = value;
+    return true;
 }
 
 template<class Values>
-void LineOf<Values>::assignCode(const LineColumn<Values>& column, const QString& pValue) {
+bool LineOf<Values>::assignCode(const LineColumn<Values>& column, const QString& pValue) {
     const QString code = enteredText(pValue, column.limit, table().regional());
     if (!code.isEmpty())
-        checkCode(code);
-    else
-        clearCode();
+        return checkCode(code);
+    clearCode();
+    return true;
 }
 
-template<class Values> void LineOf<Values>::assignBracketStart(const QString& pValue) {
+template<class Values> bool LineOf<Values>::assignBracketStart(const QString& pValue) {
     using Shape = LineShape<Values>;
     if constexpr (Shape::bracketStart != nullptr) {
         const int decimals = table().SysDecimales;
@@ -105,38 +113,37 @@ template<class Values> void LineOf<Values>::assignBracketStart(const QString& pV
         const auto value = enteredNumber(pValue, rounded ? decimals : -1, table().regional());
         const double end = this->*Shape::bracketEnd;
         if (!value || *value < 0)
-            ShowMessage(u"Valor inválido(a)"_s, MessageWarning);
-        else if (end <= 0 || *value <= end)
-            this->*Shape::bracketStart = *value;
-        else
-            ShowMessage(u"Inicio de Tramo debe ser menor que Fin de Tramo"_s, MessageWarning);
+            return refuse(u"Valor inválido(a)"_s, MessageWarning);
+        if (end > 0 && *value > end)
+            return refuse(u"Inicio de Tramo debe ser menor que Fin de Tramo"_s, MessageWarning);
+        return store(Shape::bracketStart, *value);
     }
+    return false;
 }
 
-template<class Values> void LineOf<Values>::assignBracketEnd(const QString& pValue) {
+template<class Values> bool LineOf<Values>::assignBracketEnd(const QString& pValue) {
     using Shape = LineShape<Values>;
     if constexpr (Shape::bracketEnd != nullptr) {
         const auto value = enteredNumber(pValue, table().SysDecimales, table().regional());
         if (!value)
-            ShowMessage(Shape::badBracketEnd.toString(), MessageWarning);
-        else if (*value < this->*Shape::bracketStart)
-            ShowMessage(u"Fin Tramo debe ser mayor que Inicio de Tramo"_s, MessageWarning);
-        else if (*value < 0)
-            ShowMessage(u"Valor inválido(a)"_s, MessageWarning);
-        else
-            this->*Shape::bracketEnd = *value;
+            return refuse(Shape::badBracketEnd.toString(), MessageWarning);
+        if (*value < this->*Shape::bracketStart)
+            return refuse(u"Fin Tramo debe ser mayor que Inicio de Tramo"_s, MessageWarning);
+        if (*value < 0)
+            return refuse(u"Valor inválido(a)"_s, MessageWarning);
+        return store(Shape::bracketEnd, *value);
     }
+    return false;
 }
 
 template<class Values>
-void LineOf<Values>::assignPercentage(const LineColumn<Values>& column, const QString& pValue) {
+bool LineOf<Values>::assignPercentage(const LineColumn<Values>& column, const QString& pValue) {
     const auto value = enteredNumber(pValue, percentageDecimals, table().regional());
     if (!value)
-        ShowMessage(u"Porcentaje inválido(a)"_s, MessageWarning);
-    else if (*value < 0 || *value > highestPercentage)
-        ShowMessage(u"Porcentaje inválido(a)"_s, LineShape<Values>::percentageRangeStyle);
-    else
-        this->*column.number = *value;
+        return refuse(u"Porcentaje inválido(a)"_s, MessageWarning);
+    if (*value < 0 || *value > highestPercentage)
+        return refuse(u"Porcentaje inválido(a)"_s, LineShape<Values>::percentageRangeStyle);
+    return store(column.number, *value);
 }
 
 template<class Values> bool LineOf<Values>::lacks(int column, const QString& message) {

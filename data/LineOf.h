@@ -13,7 +13,7 @@ public:
     explicit LineOf(const DBTable& table) : CommissionLine(table) {}
 
     QString TextValue(int column) const override;
-    void setTextValue(int column, const QString& pValue) override;
+    bool setTextValue(int column, const QString& pValue) override;
     void PostRead() override { Save = values(); }
     bool SysRecordModified() const override { return !(values() == Save); }
     bool SysRecordNull() const override { return values() == Values{}; }
@@ -33,11 +33,13 @@ protected:
     bool lacks(int column, const QString& message);
 
 private:
-    void assign(const LineColumn<Values>& column, const QString& pValue);
-    void assignCode(const LineColumn<Values>& column, const QString& pValue);
-    void assignBracketStart(const QString& pValue);
-    void assignBracketEnd(const QString& pValue);
-    void assignPercentage(const LineColumn<Values>& column, const QString& pValue);
+    // Each stores the entered text, or tells why not and returns False.
+    bool assign(const LineColumn<Values>& column, const QString& pValue);
+    bool assignCode(const LineColumn<Values>& column, const QString& pValue);
+    bool assignBracketStart(const QString& pValue);
+    bool assignBracketEnd(const QString& pValue);
+    bool assignPercentage(const LineColumn<Values>& column, const QString& pValue);
+    bool store(double Values::*field, double value);
 };
 
 } // namespace dalvora
