@@ -44,6 +44,8 @@ public:
     virtual QString CompanyCode() const = 0;
     /// Four letters R, W, X, D (read, write, execute, delete), each replaced by "-" where it is not granted.
     virtual QString AccessRights() const = 0;
+    /// What the user should be told once after signing in, in Spanish; "" for nothing.
+    virtual QString Warning() const { return {}; }
     /// Adds an entry to the audit trail. What has been committed stays committed whatever becomes of its
     /// entry: an entry that cannot be stored now is kept and stored with the next one.
     virtual void Audit(int code, const QString& text) = 0;

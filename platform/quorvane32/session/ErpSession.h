@@ -45,13 +45,13 @@ public:
     /// Read anew when a second has passed, so that a right withdrawn meanwhile is gone; "----" for a user who
     /// was removed. While the database cannot be read they stay what they were.
     QString AccessRights() const override;
+    /// A database that cannot be written is opened for reading: then this says so, and the rights hold
+    /// neither W nor D.
+    QString Warning() const override { return m_warning; }
     void Audit(int code, const QString& text) override;
 
     /// Code of the user signed in.
     QString UserName() const { return m_user; }
-    /// What the user should be told once after signing in, in Spanish; "" for nothing. A database that cannot
-    /// be written is opened for reading: then this says so, and the rights hold neither W nor D.
-    QString Warning() const { return m_warning; }
     /// Audit entries that could not be stored yet.
     std::size_t WaitingAuditEntries() const { return m_audit.waiting(); }
 
