@@ -1,0 +1,10 @@
+#pragma once
+
+namespace dalvora {
+
+/// Form sizes are given in twips, 1/15 pixel at 96 dpi; the toolkit's pixels follow the screen's dpi.
+constexpr int twipsToPixels(int twips) {
+    return twips / 15;
+}
+
+} // namespace dalvora

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <functional>
+
+namespace dalvora {
+
+class FormServices;
+class RecordCommands;
+struct MainControls;
+struct SessionContext;
+
+/// Runs every command of the main form by its key. A click is deferred: the focus first leaves the control
+/// that is being edited, which stores its entry, and a short timer then runs the command. A second click
+/// before that replaces the first.
+class CommandDispatch {
+public:
+    CommandDispatch(MainControls& controls, SessionContext& context, FormServices& services,
+                    RecordCommands& record);
+
+    void dispatch(const QString& key, bool Direct);
+    void timFocus_Timer();
+
+private:
+    void run(const QString& key);
+
+    MainControls& m_controls;
+    QHash<QString, std::function<void()>> m_actions;
+};
+
+} // namespace dalvora

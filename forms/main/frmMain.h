@@ -1,0 +1,77 @@
+#pragma once
+
+#include "forms/main/CommandDispatch.h"
+#include "forms/main/DetailGrid.h"
+#include "forms/main/HeaderBinding.h"
+#include "forms/main/MainControls.h"
+#include "forms/main/RecordCommands.h"
+#include "platform/skin/SkinFramework.h"
+#include <QMainWindow>
+
+namespace dalvora {
+
+/// The program's window. It owns the controls and what brings them to life, and answers the window's own
+/// events; start-up (app/) drives it through the public operations.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    enum UnloadMode : int { ControlBox = 0, FromCode = 1 };
+
+    frmMain(SessionContext& context, FormServices& services);
+    ~frmMain() override;
+
+    MainControls& controls() { return m_controls; }
+    RecordCommands& record() { return m_record; }
+
+    /// Loads the skin from a style file and gives it to the window; a file that cannot be used is told and
+    /// leaves the toolkit's own look.
+    void Form_Load(const QString& styleFile);
+    /// While set, the resize rule rests.
+    void setInitializing(bool initializing);
+    /// Colours that the grids have before they are laid out.
+    void tintGrids();
+    /// Takes the present size as the least one.
+    void rememberSize();
+    /// Sets Cancel when the user keeps the program running rather than lose what has been entered.
+    void Form_QueryUnload(bool& Cancel, int mode);
+    /// Unloads without asking.
+    void unload();
+
+    // Entry points for the ERP that hosts the form.
+    void System_RecordAdd();
+    void System_RecordOpen(const QString& StrKeys);
+    /// System_RecordAdd with its errors ignored.
+    void addRecordQuietly();
+    /// System_RecordOpen, the form disabled meanwhile unless `enabled`.
+    void openRecord(const QString& StrKeys, bool enabled);
+
+Q_SIGNALS:
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void wireCommands();
+    void bringUp();
+    void Form_Resize();
+    void keepLeastSize();
+    void placeControls();
+
+    MainControls m_controls;
+    SessionContext& m_context;
+    skin::SkinFramework SkinFramework1;
+    DetailGrid m_products;
+    DetailGrid m_amounts;
+    DetailGrid m_priceLists;
+    RecordCommands m_record;
+    CommandDispatch m_dispatch;
+    HeaderBinding m_header;
+    QSize m_leastSize;
+    bool m_initializing = false;
+    bool m_unloading = false;
+};
+
+} // namespace dalvora
