@@ -1,0 +1,168 @@
+#include "app/Program.h"
+#include "app/CommandLine.h"
+#include "common/ComponentServices.h"
+#include "common/Help.h"
+#include "common/QueryLookup.h"
+#include "common/ShowAbout.h"
+#include "common/ShowMessage.h"
+#include "data/DBTable.h"
+#include "forms/HourGlass.h"
+#include "forms/main/GridLayout.h"
+#include "forms/main/StatusPanels.h"
+#include "forms/main/frmMain.h"
+#include "platform/quorvane32/core/ClientMachine.h"
+#include "platform/quorvane32/core/Connection.h"
+#include <QApplication>
+
+namespace dalvora {
+
+namespace {
+
+constexpr QStringView moduleName = u"DALVORA";
+constexpr QStringView programName = u"VELTRANO";
+constexpr int mainHelpContext = 138;
+
+} // namespace
+
+Program::Program(ProgramParts parts) : m_parts(std::move(parts)) {
+    m_context.Regional = m_parts.regional;
+}
+
+Program::~Program() = default;
+
+bool Program::Form_Initialize(const QString& commandLine) {
+    m_form = std::make_unique<frmMain>(m_context, *this);
+    connect(m_form.get(), &frmMain::unloaded, this, &Program::Form_Unload);
+    m_form->setInitializing(true);
+    m_form->Form_Load(m_parts.styleFile);
+    m_context.Version =
+        FormateaVersion(m_parts.application.major, m_parts.application.minor, m_parts.application.revision);
+    const bool running = initializeApplication(commandLine, true);
+    if (running)
+        m_form->setInitializing(false);
+    return running;
+}
+
+bool Program::initializeApplication(const QString& commandLine, bool ShowProgress) {
+    m_form->tintGrids();
+    try {
+        m_context.AppTitle = messageTitle.toString();
+        findHelpFile();
+        m_form->setProperty("HelpContextID", mainHelpContext);
+        StatusPanels& panels = *m_form->controls().StatusBar;
+        if (ShowProgress) {
+            m_form->setEnabled(false);
+            m_form->show();
+            panels.setText(panelMensaje, QStringLiteral("Inicializando aplicación ..."));
+            QCoreApplication::processEvents();
+        }
+        m_context.Connection = std::make_unique<quorvane::Connection>();
+        m_context.Session = m_parts.makeSession();
+        if (!signIn(ParseKeyValues(commandLine, QStringLiteral("EMPRESA"))))
+            return false;
+        const HourGlass working;
+        m_context.Table =
+            std::make_unique<DBTable>(*m_context.Connection, *m_context.Session, m_context.Regional);
+        m_context.Table->SysPrograma = programName.toString();
+        if (!m_context.Table->DBInitialize())
+            return false;
+        SetupGrids(m_form->controls(), *m_context.Table);
+        m_form->record().newRecord();
+        if (ShowProgress) {
+            m_form->setEnabled(true);
+            panels.setText(panelMensaje, {});
+        } else {
+            m_form->show();
+        }
+        panels.setText(panelEmpresa, m_context.Session->CompanyName());
+        m_form->rememberSize();
+        m_context.Table->carga_inicio();
+        m_form->record().refreshCommands();
+        m_form->controls().TxtCodigo->setFocus();
+        return true;
+    } catch (const quorvane::RunTimeError& error) {
+        ShowRunTimeError(QStringLiteral("Error al iniciar aplicación"), error);
+        return false;
+    }
+}
+
+void Program::findHelpFile() {
+    QString& file = m_parts.application.helpFile;
+    // Both separators mark a folder: the ERP's settings may come from either system.
+    if (!file.contains(u'\\') && !file.contains(u'/'))
+        file = m_parts.application.path + u'/' + file;
+}
+
+bool Program::signIn(const QString& company) {
+    quorvane::Session& session = *m_context.Session;
+    session.SetApplication(m_parts.application);
+    session.SetClientInfo(quorvane::ClientMachine().name());
+    bool cancel = false;
+    session.Initialize(*m_context.Connection, moduleName.toString(), programName.toString(),
+                       m_context.Version, company, cancel);
+    if (!cancel && !session.Warning().isEmpty())
+        ShowMessage(session.Warning(), MessageWarning);
+    return !cancel;
+}
+
+bool Program::Form_Unload() {
+    if (m_unloading)
+        return true;
+    m_unloading = true;
+    bool ok = true;
+    try {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (auto window = windows.crbegin(); window != windows.crend(); ++window)
+            if (*window != m_form.get())
+                (*window)->close();
+        m_form->unload();
+        if (m_context.Table) {
+            m_context.Table->DBTerminate();
+            m_context.Table.reset();
+        }
+    } catch (const quorvane::RunTimeError& error) {
+        ShowRunTimeError(QStringLiteral("Error al terminar aplicación"), error);
+        ok = false;
+    }
+    Q_EMIT ended();
+    return ok;
+}
+
+void Program::terminate() {
+    Form_Unload();
+}
+
+ComponentServices Program::services() const {
+    return {*m_context.Connection, m_parts.components, m_parts.application};
+}
+
+bool Program::QueryLookup(const QString& queryName, const QString& queryFile, const QString& parameters,
+                          QStringList& values) {
+    return dalvora::QueryLookup(services(), queryName, queryFile, parameters, values);
+}
+
+void Program::ShowAbout(const QString& title, const QString& description) {
+    dalvora::ShowAbout(services(), title, description);
+}
+
+void Program::Help(const QString& topic) {
+    dalvora::Help(m_parts.help, m_parts.application.helpFile, topic);
+}
+
+void Program::previewReport() {
+    ShowMessage(QStringLiteral("La vista previa de informes no está disponible en esta versión."),
+                MessageInformation);
+}
+
+void Program::printReport() {
+    ShowMessage(QStringLiteral("La impresión de informes no está disponible en esta versión."),
+                MessageInformation);
+}
+
+void Program::showSalespeople() {
+    ShowMessage(
+        QStringLiteral("La asignación de comisiones a vendedores no está disponible en esta versión."),
+        MessageInformation);
+}
+
+} // namespace dalvora

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "data/SessionContext.h"
+#include "forms/FormServices.h"
+#include "platform/quorvane32/core/Session.h"
+#include <QObject>
+#include <functional>
+#include <memory>
+
+namespace quorvane {
+class ComponentFactory;
+} // namespace quorvane
+namespace help {
+class HelpSystem;
+} // namespace help
+
+namespace dalvora {
+
+class frmMain;
+struct ComponentServices;
+
+/// What the program is built from; tests put their own parts here.
+struct ProgramParts {
+    quorvane::ApplicationInfo application;
+    QString styleFile;
+    quorvane::RegionalSettings regional;
+    std::function<std::unique_ptr<quorvane::Session>()> makeSession;
+    quorvane::ComponentFactory& components;
+    help::HelpSystem& help;
+};
+
+/// The program from start to end: builds the session context, signs the user in, shows the main form with an
+/// empty record, and at last unloads the forms and releases the record.
+class Program : public QObject, public FormServices {
+    Q_OBJECT
+public:
+    explicit Program(ProgramParts parts);
+    ~Program() override;
+
+    /// The start-up sequence. False when the process is to end: the user gave up signing in, or a message has
+    /// said why.
+    bool Form_Initialize(const QString& commandLine);
+    /// The shutdown sequence; asks nothing. True when it ran to its end without an error.
+    bool Form_Unload();
+
+    frmMain& form() { return *m_form; }
+    SessionContext& context() { return m_context; }
+
+    bool QueryLookup(const QString& queryName, const QString& queryFile, const QString& parameters,
+                     QStringList& values) override;
+    void ShowAbout(const QString& title, const QString& description) override;
+    void Help(const QString& topic) override;
+    void previewReport() override;
+    void printReport() override;
+    void showSalespeople() override;
+    void terminate() override;
+
+Q_SIGNALS:
+    /// The shutdown sequence has run: the process ends.
+    void ended();
+
+private:
+    bool initializeApplication(const QString& commandLine, bool ShowProgress);
+    /// False when the user gave up.
+    bool signIn(const QString& company);
+    void findHelpFile();
+    ComponentServices services() const;
+
+    ProgramParts m_parts;
+    SessionContext m_context;
+    std::unique_ptr<frmMain> m_form;
+    bool m_unloading = false;
+};
+
+} // namespace dalvora
