@@ -1,0 +1,43 @@
+#include "benchmarks/Company.h"
+#include "data/DBTable.h"
+#include "demo/Demonstration.h"
+#include "demo/ScaleData.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/session/ErpSession.h"
+#include <stdexcept>
+
+namespace bench {
+
+Company::Company() {
+    dalvora::demo::createDemonstration(m_folder.path());
+    m_context.Connection = std::make_unique<quorvane::Connection>();
+    m_context.Session = std::make_unique<quorvane::ErpSession>(m_folder.path(), nullptr);
+    bool cancel = false;
+    m_context.Session->Initialize(*m_context.Connection, "DALVORA", "VELTRANO", "1.0.00", "001", cancel);
+    m_context.Table =
+        std::make_unique<dalvora::DBTable>(*m_context.Connection, *m_context.Session, m_context.Regional);
+    if (!m_context.Table->DBInitialize())
+        throw std::runtime_error("the demonstration company cannot be used");
+}
+
+Company::~Company() = default;
+
+QString Company::databaseFile() const {
+    return m_folder.filePath(QStringLiteral("quorvane.db"));
+}
+
+void Company::addScheme(const QString& code, int lines) {
+    const dalvora::demo::ScaleData scale(databaseFile(), QStringLiteral("001"));
+    scale.addScheme({code, QDate(2000, 1, 1), QDate(2000, 12, 31), lines, 0, 0});
+}
+
+void Company::read(const QString& code) {
+    table().DBClear();
+    table().ClearDates();
+    table().setTextValue(2, code);
+    if (!table().DBRead() || !table().SysRecordFound)
+        throw std::runtime_error("the scheme cannot be read");
+    table().SaveDates();
+}
+
+} // namespace bench

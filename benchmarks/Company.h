@@ -1,0 +1,31 @@
+#pragma once
+
+#include "data/SessionContext.h"
+#include <QTemporaryDir>
+
+namespace bench {
+
+/// The demonstration company on a database of its own, signed in to, with schemes of the sizes that the
+/// benchmarks use.
+class Company {
+public:
+    Company();
+    ~Company();
+
+    dalvora::SessionContext& context() { return m_context; }
+    dalvora::DBTable& table() { return *m_context.Table; }
+    QString databaseFile() const;
+    /// Folder that the program takes as QUORVANE_HOME.
+    QString folder() const { return m_folder.path(); }
+
+    /// Adds a scheme with product lines only, valid in the year 2000.
+    void addScheme(const QString& code, int lines);
+    /// Reads a scheme as the form does.
+    void read(const QString& code);
+
+private:
+    QTemporaryDir m_folder;
+    dalvora::SessionContext m_context;
+};
+
+} // namespace bench

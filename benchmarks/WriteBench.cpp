@@ -1,0 +1,118 @@
+#include "benchmarks/Benches.h"
+#include "benchmarks/Company.h"
+#include "benchmarks/Floor.h"
+#include "benchmarks/Harness.h"
+#include "data/DBTable.h"
+#include "platform/quorvane32/core/Connection.h"
+#include <stdexcept>
+
+namespace bench {
+
+namespace {
+
+constexpr double writeGoal = 1.5;
+constexpr double unchangedGoal = 3;
+constexpr int rounds = 15;
+
+void save(Company& company) {
+    if (!company.table().DBWrite(true))
+        throw std::runtime_error("the scheme cannot be saved");
+}
+
+/// The statements that a save sends, as the plain interface takes them.
+std::vector<QByteArray> statementsOf(Company& company) {
+    std::vector<QByteArray> statements;
+    company.context().Connection->setStatementObserver(
+        [&](const QString& sql) { statements.push_back(sql.toUtf8()); });
+    save(company);
+    company.context().Connection->setStatementObserver({});
+    return statements;
+}
+
+void removeScheme(const Floor& floor, const QByteArray& code) {
+    floor.run("DELETE FROM Comisiones WHERE Empresa = '001' and Codigo = '" + code + "'");
+    floor.run("DELETE FROM ComisionesD WHERE Empresa = '001' and Codigo = '" + code + "'");
+}
+
+/// A new scheme on the record, its lines entered but not saved.
+void enterScheme(Company& company, const QString& code, int lines) {
+    dalvora::DBTable& table = company.table();
+    table.DBClear();
+    table.ClearDates();
+    table.carga_inicio();
+    table.setTextValue(2, code);
+    table.setTextValue(5, "01/01/2001");
+    table.setTextValue(6, "31/12/2001");
+    if (!table.DBRead())
+        throw std::runtime_error("no new scheme");
+    table.SaveDates();
+    table.carga_inicio();
+    table.Acumulable = "N";
+    for (int i = 0; i < lines; ++i) {
+        dalvora::DBDetail& line = i == 0 ? table.Details(1) : table.DetailsAdd();
+        line.setTextValue(1, "Todos");
+        line.setTextValue(5, QString::number(i + 1) + ",5");
+        line.setTextValue(4, QString::number(i) + ",5");
+        line.setTextValue(6, "2,75");
+        line.setTextValue(7, "Neto");
+    }
+}
+
+void benchNew(Report& report, Company& company, const Floor& floor) {
+    enterScheme(company, "BENCHNEW", 1000);
+    const auto statements = statementsOf(company);
+    report.add(
+        compare("save a new scheme of 1000 lines", writeGoal, rounds,
+                {[&] { save(company); },
+                 [&] {
+                     removeScheme(floor, "BENCHNEW");
+                     enterScheme(company, "BENCHNEW", 1000);
+                 }},
+                {[&] { floor.runInTransaction(statements); }, [&] { removeScheme(floor, "BENCHNEW"); }}));
+    removeScheme(floor, "BENCHNEW");
+}
+
+/// Every tenth line gets another percentage, which flips with each round so that there is always a change.
+void changeLines(Company& company, int round) {
+    company.read("BENCH1000");
+    for (int i = 1; i <= 1000; i += 10)
+        company.table().Details(i).setTextValue(6, round % 2 == 0 ? "11,5" : "12,5");
+}
+
+void benchChange(Report& report, Company& company, const Floor& floor) {
+    int round = 0;
+    changeLines(company, round);
+    save(company);
+    std::vector<QByteArray> there;
+    std::vector<QByteArray> back;
+    changeLines(company, ++round);
+    there = statementsOf(company);
+    changeLines(company, ++round);
+    back = statementsOf(company);
+    report.add(compare("change 100 of 1000 lines and save", writeGoal, rounds,
+                       {[&] { save(company); }, [&] { changeLines(company, ++round); }},
+                       {[&] { floor.runInTransaction(round++ % 2 == 0 ? there : back); }}));
+}
+
+void benchUnchanged(Report& report, Company& company, const Floor& floor, const QString& code) {
+    company.read(code);
+    const auto statements = statementsOf(company);
+    if (statements.size() != 1)
+        throw std::runtime_error("an unchanged scheme sends more than its header");
+    report.add(compare("save " + code.mid(5).toStdString() + " unchanged lines", unchangedGoal, rounds,
+                       {[&] { save(company); }, [&] { company.read(code); }},
+                       {[&] { floor.runInTransaction(statements); }}));
+}
+
+} // namespace
+
+void benchWrites(Report& report, Company& company) {
+    const Floor floor(company.databaseFile());
+    benchNew(report, company, floor);
+    benchChange(report, company, floor);
+    benchUnchanged(report, company, floor, "BENCH1000");
+    company.addScheme("BENCH10", 10);
+    benchUnchanged(report, company, floor, "BENCH10");
+}
+
+} // namespace bench

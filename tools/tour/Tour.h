@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <vector>
+
+namespace dalvora {
+class frmMain;
+}
+
+namespace tour {
+
+/// Plays the main job on the real window with real key and mouse events and leaves a numbered picture after
+/// each step. Steps run from a timer, so they also run while a window is modal.
+class Tour : public QObject {
+    Q_OBJECT
+public:
+    Tour(dalvora::frmMain& form, QString folder);
+
+    void start();
+    /// Steps that did not find what they needed on screen, or pictures that could not be written.
+    int failures() const { return m_failures; }
+
+Q_SIGNALS:
+    void finished();
+
+private:
+    struct Step {
+        QString picture;
+        std::function<void()> play;
+    };
+    void addReadingSteps();
+    void addEditingSteps();
+    void addOtherWindowSteps();
+    void next();
+    void takePicture(const QString& name);
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
+    void clickButton(const QString& key);
+    void goToCell(int tab, int row, int column);
+    void closeOpenWindow();
+
+    dalvora::frmMain& m_form;
+    QString m_folder;
+    std::vector<Step> m_steps;
+    std::size_t m_next = 0;
+    int m_failures = 0;
+};
+
+} // namespace tour

@@ -1,0 +1,39 @@
+#include "app/Installation.h"
+#include "app/Program.h"
+#include "forms/MessageBoxes.h"
+#include "forms/main/frmMain.h"
+#include "tools/tour/Tour.h"
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <cstdio>
+
+// Plays the main job in a company of its own and leaves pictures in the folder given as only argument.
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (application.arguments().size() != 2) {
+        std::fprintf(stderr, "usage: dalvora_tour FOLDER\n");
+        return 2;
+    }
+    const QString folder = application.arguments().at(1);
+    const QTemporaryDir home;
+    if (!QDir().mkpath(folder) || !home.isValid()) {
+        std::fprintf(stderr, "%s: no se pudo crear la carpeta\n", qPrintable(folder));
+        return 1;
+    }
+    qputenv("QUORVANE_HOME", home.path().toUtf8());
+
+    dalvora::MessageBoxes messages;
+    dalvora::installMessagePresenter(&messages);
+    dalvora::Installation installation(application);
+    dalvora::Program program(installation.parts());
+    if (!program.Form_Initialize(QStringLiteral("EMPRESA=001")))
+        return 1;
+    tour::Tour tour(program.form(), folder);
+    QObject::connect(&tour, &tour::Tour::finished, &application, &QApplication::quit);
+    tour.start();
+    QApplication::exec();
+    program.Form_Unload();
+    dalvora::installMessagePresenter(nullptr);
+    return tour.failures() == 0 ? 0 : 1;
+}
