@@ -96,9 +96,11 @@ double Decimal::toDouble() const {
         const double power = exactPowersOfTen[std::abs(m_scale)];
         return m_scale >= 0 ? double(m_unscaled) / power : double(m_unscaled) * power;
     }
-    const QByteArray text = QByteArray::number(m_unscaled) + 'e' + QByteArray::number(-m_scale);
-    double value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
+    // Read by QString: it tells a number too large (infinite) from one too small (0), QByteArray does not.
+    const QString text = QString::number(m_unscaled) + u'e' + QString::number(-m_scale);
+    const double value = text.toDouble();
+    if (std::isinf(value))
+        raise(ErrorOverflow);
     return value;
 }
 

@@ -17,6 +17,7 @@ public:
     /// Reads [-]digits[.digits][e[+-]digits]; error 13 when the text is no such number, 6 beyond 18 digits.
     static Decimal fromText(QStringView text);
 
+    /// The nearest double; error 6 for a number beyond all of them.
     double toDouble() const;
     /// Digits with the given decimal separator, no grouping, no exponent, no trailing zeros behind the
     /// separator.

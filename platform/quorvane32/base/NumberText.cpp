@@ -91,15 +91,10 @@ double leadingNumber(QStringView text) {
         number = number.mid(1);
     if (number.isEmpty())
         return 0;
-    const QByteArray latin = number.toLatin1();
-    double value = 0;
-    const auto result = std::from_chars(latin.data(), latin.data() + latin.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // Too small is 0, too large is an overflow; the sign of the exponent tells.
-        if (latin.toLower().contains("e-") || latin.startsWith("0.") || latin.startsWith("-0."))
-            return 0;
+    // A number too small for a double is 0 here, one too large infinite.
+    const double value = number.toDouble();
+    if (std::isinf(value))
         raise(ErrorOverflow);
-    }
     return value;
 }
 
