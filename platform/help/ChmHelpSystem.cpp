@@ -71,7 +71,7 @@ void ChmHelpSystem::htmlHelp(const QString& file, int command, const QVariant& d
     else if (command == DisplayContents)
         viewer.showContents();
     else
-        viewer.showPage(page);
+        viewer.openPage(page);
 }
 
 std::shared_ptr<const HelpFile> ChmHelpSystem::fileAt(const QString& path) {

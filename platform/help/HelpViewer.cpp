@@ -169,6 +169,8 @@ void HelpViewer::connectPanels() {
     connect(m_panels, &QTabWidget::currentChanged, this, [this](int) {
         if (m_panels->currentWidget() == m_search)
             m_search->focusText();
+        else if (m_panels->currentWidget() == m_index)
+            m_index->lookFor({});
     });
 }
 
@@ -209,6 +211,11 @@ void HelpViewer::showIndex(const QString& word) {
 
 void HelpViewer::showPage(const QString& page) {
     m_page->showPage(page);
+}
+
+void HelpViewer::openPage(const QString& page) {
+    showPage(page);
+    m_page->setFocus(Qt::OtherFocusReason);
 }
 
 void HelpViewer::bringToFront() {

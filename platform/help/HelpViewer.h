@@ -31,6 +31,8 @@ public:
     /// Shows the index, with `word` typed into it when it is not empty.
     void showIndex(const QString& word = {});
     void showPage(const QString& page);
+    /// Shows the page with the keyboard on it, ready to be read.
+    void openPage(const QString& page);
     /// Shows the window, out of the task bar if need be, in front of the others.
     void bringToFront();
 

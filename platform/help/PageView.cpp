@@ -3,7 +3,7 @@
 #include "platform/help/HelpFile.h"
 #include "platform/help/HelpText.h"
 
-#include <QTextBlock>
+#include <QFontInfo>
 #include <algorithm>
 
 namespace help {
@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto Scheme = "chm";
 constexpr int SmallestZoom = 70;
+constexpr int NormalZoom = 100;
 constexpr int LargestZoom = 250;
 constexpr int MostMarks = 2000;
 constexpr qreal PageMargin = 14;
@@ -32,7 +33,6 @@ PageView::PageView(QWidget* parent) : QTextBrowser(parent) {
     setOpenExternalLinks(false);
     setFrameShape(QFrame::NoFrame);
     setAccessibleName(tr("Página de la ayuda"));
-    m_normalSize = std::max(font().pointSizeF(), 9.0);
     document()->setDocumentMargin(PageMargin);
 }
 
@@ -137,9 +137,11 @@ void PageView::showMarks() {
 }
 
 void PageView::setZoom(int percent) {
+    if (m_zoom == NormalZoom)
+        m_normalSize = QFontInfo(font()).pointSizeF();
     m_zoom = std::clamp(percent, SmallestZoom, LargestZoom);
     QFont sized = font();
-    sized.setPointSizeF(m_normalSize * m_zoom / 100);
+    sized.setPointSizeF(m_normalSize * m_zoom / NormalZoom);
     setFont(sized);
 }
 

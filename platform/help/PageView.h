@@ -48,7 +48,7 @@ private:
     QList<QTextCursor> m_marks;
     qsizetype m_currentMark = -1;
     int m_zoom = 100;
-    qreal m_normalSize = 10;
+    qreal m_normalSize = 0; // points, taken when the first zoom starts
 };
 
 } // namespace help

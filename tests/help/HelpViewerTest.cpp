@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -86,6 +87,7 @@ TEST_F(HelpViewerTest, ContextOpensItsPageAndSelectsItInTheContents) {
     EXPECT_EQ(m_help.viewer()->windowTitle(), u"Manual de Dalvora");
     EXPECT_EQ(part<QTreeView>("contents").currentIndex().data().toString(), u"La ventana principal");
     EXPECT_TRUE(part<PageView>("page").toPlainText().contains(u"La barra de herramientas"));
+    EXPECT_TRUE(part<PageView>("page").hasFocus());
 }
 
 TEST_F(HelpViewerTest, OneWindowServesEveryCall) {
@@ -176,6 +178,15 @@ TEST_F(HelpViewerTest, SearchFindsTramoAndMarksIt) {
     const auto marks = part<PageView>("page").extraSelections();
     ASSERT_FALSE(marks.isEmpty());
     EXPECT_EQ(marks.front().cursor.selectedText().toLower(), u"tramo");
+}
+
+TEST_F(HelpViewerTest, ChoosingAPanelPutsTheKeyboardIntoItsField) {
+    open(ShowContext, 138);
+    auto& panels = part<QTabWidget>("panels");
+    for (const auto& [tab, field] : {std::pair(1, "indexText"), std::pair(2, "searchText")}) {
+        QTest::mouseClick(panels.tabBar(), Qt::LeftButton, {}, panels.tabBar()->tabRect(tab).center());
+        EXPECT_TRUE(part<QLineEdit>(field).hasFocus()) << field;
+    }
 }
 
 TEST_F(HelpViewerTest, SearchWithoutHitsSaysSo) {
