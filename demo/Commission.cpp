@@ -7,7 +7,7 @@ namespace dalvora::demo {
 
 namespace {
 
-constexpr qint64 percentUnit = 100 * 100; // percentages are hundredths of a hundredth
+constexpr qint64 percentUnit = 10000; // percentages are hundredths of a hundredth
 
 struct Specificity {
     const char16_t* subType;

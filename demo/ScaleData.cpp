@@ -11,7 +11,7 @@ constexpr char headerColumns[] = "Empresa, Codigo, Descripcion, FechaInicio, Fec
 constexpr char lineColumns[] = "Empresa, Codigo, Tipo, Concepto, Descripcion, CantidadInicio, CantidadFinal, "
                                "Porcentaje, FechaInicio, FechaFinal, SubTipo, Calculo";
 constexpr const char* subTypes[] = {"Producto", "Familia", "SubFamilia", "TipoProducto"};
-constexpr int bracketSize = 1000; // ten units
+constexpr Hundredths bracketSize = 1000; // ten units
 
 QString numbered(char16_t letter, int number) {
     return QChar(letter) + QString::number(number).rightJustified(6, u'0');
@@ -19,7 +19,7 @@ QString numbered(char16_t letter, int number) {
 
 /// 0.01 % to 100 %, never the same for neighbours.
 Amount percentOf(int number) {
-    return {number * 37 % 10000 + 1};
+    return {static_cast<Hundredths>(number) * 37 % 10000 + 1};
 }
 
 void inTransaction(const QString& path, const std::function<void(sqlite3*)>& work) {

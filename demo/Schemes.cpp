@@ -10,9 +10,9 @@ struct LineEntry {
     LineKind kind;
     const char* subType;
     const char* code;
-    Hundredths from;
-    Hundredths to;
-    Hundredths percent;
+    int from;
+    int to;
+    int percent;
     Basis basis;
 };
 

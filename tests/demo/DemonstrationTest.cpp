@@ -276,12 +276,13 @@ TEST(FirstStart, KilledAtAnyMomentLeavesNothingHalfMade) {
         createDemonstration(whole.path());
     }
     const auto duration = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
-    constexpr int attempts = 12;
+    constexpr int attempts = 9;
     for (int i = 0; i < attempts; ++i) {
         const QTemporaryDir folder;
         const QString database = folder.filePath(u"quorvane.db"_qs);
-        killedAfter(duration * static_cast<useconds_t>(i) / (attempts - 2),
-                    [&] { createDemonstration(folder.path()); });
+        // Most moments fall into the last quarter, where files are renamed and the profile is written.
+        const double moment = i < 3 ? i / 4.0 : 0.75 + 0.3 * (i - 3) / (attempts - 4);
+        killedAfter(static_cast<useconds_t>(duration * moment), [&] { createDemonstration(folder.path()); });
         if (QFile::exists(database)) {
             EXPECT_TRUE(isComplete(database)) << i;
         }
@@ -350,6 +351,30 @@ TEST(FirstStart, KeepsADatabaseAndAProfileThatAreThere) {
     ASSERT_TRUE(profile.open(QIODevice::ReadOnly));
     EXPECT_EQ(profile.readAll(), QByteArray("mine"));
     EXPECT_FALSE(isComplete(folder.filePath(u"quorvane.db"_qs)));
+}
+
+TEST(FirstStart, InAReadOnlyFolderIsAPathError) {
+    const QTemporaryDir folder;
+    QFile::setPermissions(folder.path(),
+                          QFile::ReadOther | QFile::ExeOther | QFile::ReadOwner | QFile::ExeOwner);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        constexpr unsigned nobody = 65534;
+        if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
+            _exit(2);
+        try {
+            createDemonstration(folder.path());
+        } catch (const quorvane::RunTimeError& error) {
+            _exit(error.number());
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), quorvane::ErrorPathAccess);
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty(QDir::Files | QDir::Hidden));
 }
 
 TEST(FirstStart, InAFolderThatCannotBeMadeIsAPathError) {

@@ -2,6 +2,7 @@
 
 #include "tests/quorvane32_session/SessionSupport.h"
 #include <QDir>
+#include <QFile>
 
 namespace {
 
@@ -78,6 +79,26 @@ TEST_F(ProfileTest, DamageIsToldWithFileAndLine) {
         EXPECT_EQ(error.number(), ErrorFileFormat);
         EXPECT_TRUE(error.description().contains(QStringView(entry.told))) << qPrintable(error.description());
         EXPECT_TRUE(error.description().contains(folder.profileFile()));
+    }
+}
+
+TEST_F(ProfileTest, AnyChangedByteGivesAProfileOrItsError) {
+    folder.setAutomatic(QStringLiteral("ana"));
+    QFile file(folder.profileFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray sound = file.readAll();
+    file.close();
+    for (qsizetype i = 0; i < sound.size(); ++i) {
+        for (const char byte : {'\n', '[', '\xc3'}) {
+            QByteArray changed = sound;
+            changed[i] = byte;
+            folder.writeProfile(changed);
+            try {
+                EXPECT_FALSE(Profile::load(folder.path()).companies.isEmpty());
+            } catch (const RunTimeError& error) {
+                EXPECT_EQ(error.number(), ErrorFileFormat) << i;
+            }
+        }
     }
 }
 

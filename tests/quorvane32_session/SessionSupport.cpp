@@ -101,7 +101,7 @@ QString asUnprivileged(const std::function<QString()>& work) {
     close(ends[1]);
     QFile file;
     EXPECT_TRUE(file.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
-    const QString result = QString::fromUtf8(file.readAll());
+    QString result = QString::fromUtf8(file.readAll());
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);

@@ -74,7 +74,7 @@ QString readLine() {
 
 QString ask(const char* question) {
     std::cerr << question << std::flush;
-    const QString answer = readLine();
+    QString answer = readLine();
     std::cerr << '\n';
     return answer;
 }
@@ -85,7 +85,7 @@ QString readPassword() {
     if (!atTerminal())
         return readLine();
     const HiddenEntry hidden;
-    const QString password = ask("Contraseña: ");
+    QString password = ask("Contraseña: ");
     if (ask("Repita la contraseña: ") != password)
         throw RunTimeError(ErrorInvalidCall, QStringLiteral("Las contraseñas no coinciden"));
     return password;

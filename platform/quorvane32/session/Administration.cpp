@@ -42,7 +42,7 @@ QString checkedPassword(const QString& password) {
 
 QString checkedRights(const QString& letters) {
     static constexpr QStringView all = u"RWXD";
-    const QString upper = letters.toUpper();
+    QString upper = letters.toUpper();
     bool valid = upper.size() == all.size();
     for (qsizetype i = 0; valid && i < all.size(); ++i)
         valid = upper[i] == all[i] || upper[i] == u'-';

@@ -130,7 +130,7 @@ QString ErpSession::attempt(const LoginAnswer& answer) {
         if (!found)
             return unknownCompany(answer.company);
         const QString user = answer.user.trimmed();
-        const QString refusal = m_accounts.refusal(user, answer.password, m_clock.wall());
+        QString refusal = m_accounts.refusal(user, answer.password, m_clock.wall());
         if (!refusal.isEmpty())
             return refusal;
         const QString stored = m_accounts.userCode(user).value_or(user);
@@ -170,13 +170,12 @@ void ErpSession::noticeReadOnly() {
 }
 
 QString ErpSession::readRights() const {
-    const QString rights = m_accounts.rights(m_user, m_program).value_or(noRights);
-    if (!m_readOnly)
-        return rights;
-    QString reading = rights;
-    reading[1] = u'-';
-    reading[3] = u'-';
-    return reading;
+    QString rights = m_accounts.rights(m_user, m_program).value_or(noRights);
+    if (m_readOnly) {
+        rights[1] = u'-';
+        rights[3] = u'-';
+    }
+    return rights;
 }
 
 QString ErpSession::AccessRights() const {
