@@ -1,0 +1,105 @@
+#include "tests/faults/TestCompany.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "platform/quorvane32/session/Profile.h"
+#include "sql/Schema.h"
+#include <QFile>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace dalvora::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using quorvane::sqlite::Access;
+
+constexpr const char* seed = R"(
+INSERT INTO ses_empresa VALUES ('001', 'Empresa de prueba'), ('002', 'Otra empresa');
+INSERT INTO ses_usuario (Usuario, Nombre) VALUES ('ana', 'Ana');
+INSERT INTO ses_derecho VALUES ('ana', 'VELTRANO', 'RWXD');
+INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Texto, Valor1, Valor2) VALUES
+ ('001', 'GEN_MONEDA', 'PESO', '', 0, 2), ('001', 'CONFIG.EMPRESA', 'MONEDA', 'PESO', 0, 0),
+ ('001', 'config.dalvora', 'DECIMALES.CANTIDAD', '', 2, 0);
+INSERT INTO tipodocumento (Empresa, TipoDocto, Descripcion, Sistema, Valorizado, Vendedor) VALUES
+ ('001', 'FACTURA', 'Factura', 'ventas', 'S', 'S'), ('001', 'BOLETA', 'Boleta', 'ventas', 'S', 'S');
+INSERT INTO ListaPrecio (Empresa, LisPrecio, Descripcion, FechaInicio, FechaFinal) VALUES
+ ('001', 'L1', 'Mayorista', '2000-01-01', '2030-12-31'), ('001', 'L2', 'Minorista', '2000-01-01', '2030-12-31');
+WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20)
+INSERT INTO producto (Empresa, Producto, Glosa, Familia, SubFamilia, TipoProducto, Unidad)
+ SELECT '001', 'P' || i, 'Producto ' || i, 'BEBIDAS', 'CALIENTES', 'PT', 'kg' FROM n;
+)";
+
+constexpr int patience = 5000; // ms that a test waits for a program's lock
+
+void createDatabase(const QString& path) {
+    const auto database = quorvane::sqlite::open(path, Access::Create, patience);
+    quorvane::sqlite::run(database.get(), "PRAGMA synchronous = OFF; PRAGMA journal_mode = WAL; BEGIN");
+    quorvane::sqlite::run(database.get(), erpTables());
+    quorvane::sqlite::run(database.get(), sessionTables());
+    quorvane::sqlite::run(database.get(), seed);
+    quorvane::sqlite::run(database.get(), "COMMIT");
+}
+
+} // namespace
+
+TestCompany::TestCompany(int timeout, const QString& folder)
+    : m_path(folder.isEmpty() ? m_temporary.path() : folder) {
+    createDatabase(database());
+    setTimeout(timeout);
+}
+
+void TestCompany::setTimeout(int timeout) const {
+    quorvane::Profile profile;
+    profile.connectString = QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=%1").arg(timeout);
+    profile.companies = {QStringLiteral("001"), QStringLiteral("002")};
+    profile.defaultCompany = QStringLiteral("001");
+    profile.user = QStringLiteral("ana");
+    profile.automatic = true;
+    profile.save(path());
+}
+
+void TestCompany::execute(const QString& statements) const {
+    const auto handle = quorvane::sqlite::open(database(), Access::ReadWrite, patience);
+    quorvane::sqlite::run(handle.get(), statements.toUtf8());
+}
+
+QStringList TestCompany::rows(const QString& select) const {
+    const auto handle = quorvane::sqlite::open(database(), Access::ReadWrite, patience);
+    const auto statement = quorvane::sqlite::prepare(handle.get(), select.toUtf8());
+    QStringList result;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        QStringList values;
+        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i)
+            values << QString::fromUtf8(
+                reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), i)));
+        result << values.join(u'|');
+    }
+    if (step != SQLITE_DONE)
+        quorvane::sqlite::raiseLastError(handle.get());
+    result.sort();
+    return result;
+}
+
+QString TestCompany::value(const QString& select) const {
+    return rows(select).value(0);
+}
+
+QStringList TestCompany::contents() const {
+    QStringList all = rows(QStringLiteral("SELECT name, sql FROM sqlite_master"));
+    for (const QString& table : rows(QStringLiteral(
+             "SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'ses_auditoria'")))
+        for (const QString& row : rows(QStringLiteral("SELECT * FROM ") + table))
+            all << table + u": "_s + row;
+    return all;
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    ASSERT_EQ(file.write(bytes), bytes.size());
+    ASSERT_TRUE(file.flush());
+}
+
+} // namespace dalvora::test
