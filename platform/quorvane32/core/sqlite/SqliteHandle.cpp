@@ -1,6 +1,8 @@
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <QFileInfo>
+#include <algorithm>
+#include <cerrno>
 #include <sqlite3.h>
 
 namespace quorvane::sqlite {
@@ -26,11 +28,27 @@ constexpr Mapping mappings[] = {
     {SQLITE_IOERR, ErrorConnectionLost, "Se perdió el acceso al archivo de la base de datos"},
 };
 
-[[noreturn]] void raiseNative(int extended, const QString& engineText) {
+// The system's own numbers of a write that found no room.
+#ifdef Q_OS_WIN
+constexpr int noRoomErrors[] = {39, 112}; // ERROR_HANDLE_DISK_FULL, ERROR_DISK_FULL
+#else
+constexpr int noRoomErrors[] = {ENOSPC, EDQUOT, EFBIG};
+#endif
+
+/// The engine tells a disk without room as full when it writes rows, but as a failed access when it makes its
+/// files beside the database: then the system's number tells why.
+int primaryCode(int extended, int systemError) {
+    const int primary = extended & 0xFF;
+    const bool access = primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN;
+    const bool noRoom = std::ranges::find(noRoomErrors, systemError) != std::end(noRoomErrors);
+    return access && noRoom ? SQLITE_FULL : primary;
+}
+
+[[noreturn]] void raiseNative(int extended, int systemError, const QString& engineText) {
     if (extended == SQLITE_CONSTRAINT_PRIMARYKEY || extended == SQLITE_CONSTRAINT_UNIQUE ||
         extended == SQLITE_CONSTRAINT_ROWID)
         throw RunTimeError(ErrorDuplicateKey, QStringLiteral("Clave duplicada [%1]").arg(engineText));
-    const int primary = extended & 0xFF;
+    const int primary = primaryCode(extended, systemError);
     for (const Mapping& mapping : mappings)
         if (mapping.native == primary)
             throw RunTimeError(mapping.number,
@@ -45,7 +63,8 @@ void FinalizeStatement::operator()(sqlite3_stmt* statement) const {
 }
 
 void raiseLastError(sqlite3* database) {
-    raiseNative(sqlite3_extended_errcode(database), QString::fromUtf8(sqlite3_errmsg(database)));
+    raiseNative(sqlite3_extended_errcode(database), sqlite3_system_errno(database),
+                QString::fromUtf8(sqlite3_errmsg(database)));
 }
 
 Handle open(const QString& path, Access access, int timeout) {
@@ -56,8 +75,10 @@ Handle open(const QString& path, Access access, int timeout) {
     sqlite3* raw = nullptr;
     const int result = sqlite3_open_v2(path.toUtf8().constData(), &raw, flags, nullptr);
     Handle database(raw, [](sqlite3* handle) { sqlite3_close_v2(handle); });
+    if (result != SQLITE_OK && raw)
+        raiseNative(result, sqlite3_system_errno(raw), QString::fromUtf8(sqlite3_errmsg(raw)));
     if (result != SQLITE_OK)
-        raiseNative(result, raw ? QString::fromUtf8(sqlite3_errmsg(raw)) : QStringLiteral("sin memoria"));
+        throw RunTimeError(ErrorOutOfMemory, QStringLiteral("No hay memoria para abrir la base de datos"));
     sqlite3_busy_timeout(raw, timeout);
     // A misspelt column name must be an error, never silently a text.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
