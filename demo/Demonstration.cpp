@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLockFile>
+#include <QStorageInfo>
 
 namespace dalvora::demo {
 
@@ -16,7 +17,14 @@ namespace {
 constexpr int longestWait = 30000;
 constexpr int waitStep = 50;
 
-[[noreturn]] void raisePath(const QString& text, const QString& path) {
+/// Tells that something could not be written: the reason is a disk without room when it has none.
+[[noreturn]] void raisePath(const QString& text, const QString& path, const QString& folder) {
+    constexpr qint64 oneBlock = 4096;
+    const QStorageInfo disk(folder);
+    if (disk.isValid() && disk.bytesAvailable() < oneBlock)
+        throw quorvane::RunTimeError(
+            quorvane::ErrorDiskFull,
+            QStringLiteral("No queda espacio en el disco para crear la base de datos en %1").arg(folder));
     throw quorvane::RunTimeError(quorvane::ErrorPathAccess, text.arg(path));
 }
 
@@ -43,7 +51,7 @@ void createDatabaseFile(const QString& path) {
     const WorkFile work(path + QStringLiteral(".nueva"));
     createDemonstrationDatabase(work.path());
     if (!QFile::rename(work.path(), path))
-        raisePath(QStringLiteral("No se puede crear la base de datos %1"), path);
+        raisePath(QStringLiteral("No se puede crear la base de datos %1"), path, QFileInfo(path).path());
 }
 
 quorvane::Profile demonstrationProfile(const QString& databaseFile) {
@@ -64,14 +72,14 @@ void waitForLock(QLockFile& lock, const QString& folder) {
         if (lock.error() == QLockFile::PermissionError)
             break;
     }
-    raisePath(QStringLiteral("No se puede escribir en la carpeta %1"), folder);
+    raisePath(QStringLiteral("No se puede escribir en la carpeta %1"), folder, folder);
 }
 
 } // namespace
 
 void createDemonstration(const QString& folder) {
     if (!QDir().mkpath(folder))
-        raisePath(QStringLiteral("No se puede crear la carpeta %1"), folder);
+        raisePath(QStringLiteral("No se puede crear la carpeta %1"), folder, folder);
     QLockFile lock(folder + QStringLiteral("/quorvane.lock"));
     waitForLock(lock, folder);
     const QString name = QStringLiteral("quorvane.db");

@@ -163,10 +163,15 @@ void Profile::save(const QString& folder) const {
                                         "[Ingreso]\nUsuario=%4\nAutomatico=%5\n")
                              .arg(connectString, companies.join(u','), defaultCompany, user,
                                   automatic ? QStringLiteral("S") : QStringLiteral("N"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0 || !file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
+        return;
+    if (file.error() == QFileDevice::ResourceError)
         throw RunTimeError(
-            ErrorPathAccess,
-            QStringLiteral("No se puede grabar el perfil %1 (%2)").arg(file.fileName(), file.errorString()));
+            ErrorDiskFull,
+            QStringLiteral("No queda espacio en el disco para el perfil %1").arg(file.fileName()));
+    throw RunTimeError(
+        ErrorPathAccess,
+        QStringLiteral("No se puede grabar el perfil %1 (%2)").arg(file.fileName(), file.errorString()));
 }
 
 QString Profile::resolvedConnectString(const QString& folder) const {

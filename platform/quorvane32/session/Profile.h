@@ -27,7 +27,7 @@ struct Profile {
     /// Reads the profile of a folder. Error 53 when there is none, 70 when it cannot be read, 321 when it is
     /// damaged; the description names the file and the line.
     static Profile load(const QString& folder);
-    /// Writes quorvane.ini whole or not at all; error 75 when it cannot be written.
+    /// Writes quorvane.ini whole or not at all; error 61 on a full disk, 75 when it cannot be written.
     void save(const QString& folder) const;
 
     /// The connect string with the database's file made absolute.
