@@ -33,16 +33,16 @@ DateColumns readDateColumns(sqlite3* database) {
     return columns;
 }
 
-/// Readers never wait for a writer in this mode. A file that cannot be written stays as it is.
-void useWriteAheadLog(sqlite3* database) {
-    sqlite3_exec(database, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
-}
-
 } // namespace
 
 SqliteEngine::SqliteEngine(const QString& path, int timeout)
-    : m_database(open(path, Access::ReadWrite, timeout)), m_dialect(readDateColumns(m_database.get())) {
-    useWriteAheadLog(m_database.get());
+    : m_database(open(path, Access::ReadWrite, timeout)), m_dialect(readDateColumns(m_database.get())) {}
+
+void SqliteEngine::useWriteAheadLog() {
+    // A file that cannot be written stays as it is: the statement that follows tells why.
+    if (!m_writesAhead)
+        m_writesAhead = sqlite3_exec(m_database.get(), "PRAGMA journal_mode = WAL", nullptr, nullptr,
+                                     nullptr) == SQLITE_OK;
 }
 
 std::unique_ptr<Cursor> SqliteEngine::select(const QString& sql) {
@@ -75,6 +75,7 @@ qint64 SqliteEngine::execute(const QString& sql) {
         const Statement statement = prepare(m_database.get(), m_dialect.adaptShape(command.shape));
         return runToEnd(statement.get());
     }
+    useWriteAheadLog();
     Compiled& entry = compiled(sql, command.shape);
     for (std::size_t i = 0; i < command.literals.size(); ++i)
         bind(entry.statement.get(), static_cast<int>(i) + 1,
@@ -109,6 +110,7 @@ qint64 SqliteEngine::runToEnd(sqlite3_stmt* statement) {
 }
 
 void SqliteEngine::begin() {
+    useWriteAheadLog();
     run(m_database.get(), "BEGIN IMMEDIATE");
 }
 

@@ -28,12 +28,16 @@ private:
         Statement statement;
     };
     Compiled& compiled(const QString& sql, const QString& shape);
+    /// Before the first write: readers never wait for a writer in this mode. A database that is only read is
+    /// left as it is, since it may turn out to be another program's.
+    void useWriteAheadLog();
     void bind(sqlite3_stmt* statement, int position, const Parameter& parameter);
     qint64 runToEnd(sqlite3_stmt* statement);
 
     Handle m_database;
     SqliteDialect m_dialect;
     std::list<Compiled> m_compiled;
+    bool m_writesAhead = false;
 };
 
 } // namespace quorvane::sqlite
