@@ -45,7 +45,19 @@ void SqliteEngine::useWriteAheadLog() {
                                      nullptr) == SQLITE_OK;
 }
 
+void SqliteEngine::requireItsFile() {
+    if (!sqlite3_get_autocommit(m_database.get()))
+        return; // one look for a whole transaction
+    int moved = 0;
+    sqlite3_file_control(m_database.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved != 0)
+        throw RunTimeError(
+            ErrorConnectionLost,
+            QStringLiteral("El archivo de la base de datos fue borrado o reemplazado mientras se trabajaba"));
+}
+
 std::unique_ptr<Cursor> SqliteEngine::select(const QString& sql) {
+    requireItsFile();
     const SqliteDialect::Query query = m_dialect.adaptQuery(sql);
     Statement statement = prepare(m_database.get(), query.sql);
     if (!sqlite3_stmt_readonly(statement.get()))
@@ -70,6 +82,7 @@ SqliteEngine::Compiled& SqliteEngine::compiled(const QString& sql, const QString
 }
 
 qint64 SqliteEngine::execute(const QString& sql) {
+    requireItsFile();
     const SqliteDialect::Command command = m_dialect.split(sql);
     if (!command.bound) {
         const Statement statement = prepare(m_database.get(), m_dialect.adaptShape(command.shape));
@@ -110,6 +123,7 @@ qint64 SqliteEngine::runToEnd(sqlite3_stmt* statement) {
 }
 
 void SqliteEngine::begin() {
+    requireItsFile();
     useWriteAheadLog();
     run(m_database.get(), "BEGIN IMMEDIATE");
 }

@@ -31,6 +31,9 @@ private:
     /// Before the first write: readers never wait for a writer in this mode. A database that is only read is
     /// left as it is, since it may turn out to be another program's.
     void useWriteAheadLog();
+    /// What is written into a file that has been deleted or replaced is gone with it, and the system raises
+    /// no error: error 3709 instead.
+    void requireItsFile();
     void bind(sqlite3_stmt* statement, int position, const Parameter& parameter);
     qint64 runToEnd(sqlite3_stmt* statement);
 
