@@ -28,20 +28,28 @@ constexpr Mapping mappings[] = {
     {SQLITE_IOERR, ErrorConnectionLost, "Se perdió el acceso al archivo de la base de datos"},
 };
 
-// The system's own numbers of a write that found no room.
+// The system's own numbers of a write that found no room, and of a file that is somebody else's.
 #ifdef Q_OS_WIN
 constexpr int noRoomErrors[] = {39, 112}; // ERROR_HANDLE_DISK_FULL, ERROR_DISK_FULL
+constexpr int foreignErrors[] = {5};      // ERROR_ACCESS_DENIED
 #else
 constexpr int noRoomErrors[] = {ENOSPC, EDQUOT, EFBIG};
+constexpr int foreignErrors[] = {EACCES, EPERM};
 #endif
 
 /// The engine tells a disk without room as full when it writes rows, but as a failed access when it makes its
-/// files beside the database: then the system's number tells why.
+/// files beside the database, and a file that may not be opened as one that cannot be: the system's number
+/// tells why.
 int primaryCode(int extended, int systemError) {
     const int primary = extended & 0xFF;
-    const bool access = primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN;
-    const bool noRoom = std::ranges::find(noRoomErrors, systemError) != std::end(noRoomErrors);
-    return access && noRoom ? SQLITE_FULL : primary;
+    if (primary != SQLITE_IOERR && primary != SQLITE_CANTOPEN)
+        return primary;
+    const auto isOneOf = [&](const auto& numbers) {
+        return std::ranges::find(numbers, systemError) != std::end(numbers);
+    };
+    if (isOneOf(noRoomErrors))
+        return SQLITE_FULL;
+    return isOneOf(foreignErrors) ? SQLITE_PERM : primary;
 }
 
 [[noreturn]] void raiseNative(int extended, int systemError, const QString& engineText) {
@@ -53,7 +61,7 @@ int primaryCode(int extended, int systemError) {
         if (mapping.native == primary)
             throw RunTimeError(mapping.number,
                                QStringLiteral("%1 [%2]").arg(QString::fromUtf8(mapping.text), engineText));
-    throw RunTimeError(primary, engineText);
+    throw RunTimeError(primary, QStringLiteral("Error de la base de datos [%1]").arg(engineText));
 }
 
 } // namespace
