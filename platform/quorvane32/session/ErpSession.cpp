@@ -26,6 +26,13 @@ QString databaseName(const QString& connectString) {
     return ConnectString::parse(connectString).value(QStringLiteral("database"));
 }
 
+/// The error with the name of the database that it is about.
+RunTimeError withDatabase(const RunTimeError& error, const QString& database) {
+    if (database.isEmpty() || error.description().contains(database))
+        return error;
+    return {error.number(), QStringLiteral("%1 (%2)").arg(error.description(), database)};
+}
+
 QString unknownCompany(const QString& company) {
     return QStringLiteral("La empresa «%1» no existe o no está en el perfil.").arg(company);
 }
@@ -72,9 +79,9 @@ void ErpSession::openOwn(const QString& connectString) {
     try {
         m_own.open(ownConnectString(connectString));
     } catch (const RunTimeError& error) {
-        // A read-only file can be read; in a read-only folder the programs cannot agree on who writes.
         if (error.number() != ErrorPermissionDenied)
-            throw;
+            throw withDatabase(error, databaseName(connectString));
+        // A read-only file can be read; in a read-only folder the programs cannot agree on who writes.
         throw RunTimeError(
             ErrorPermissionDenied,
             QStringLiteral("No se puede usar la base de datos %1: no tiene permiso sobre ella o su carpeta "
