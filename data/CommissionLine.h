@@ -24,8 +24,8 @@ public:
 
     /// The column's text; "" for a column that the line does not have.
     virtual QString TextValue(int column) const = 0;
-    /// Converts, checks and stores an entered text; false when it was refused, which is told and leaves the line
-    /// as it was.
+    /// Converts, checks and stores an entered text; false when it was refused, which is told and leaves the
+    /// line as it was.
     virtual bool setTextValue(int column, const QString& pValue) = 0;
     /// True when the line is complete; otherwise the lack is told and `SysErrorCol` is its column.
     virtual bool Validate() = 0;

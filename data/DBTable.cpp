@@ -43,6 +43,7 @@ bool DBTable::SetKeyByString(const QString&) {
     return true;
 }
 
+// The letters stand in the order R, W, X, D: the third one lets a user print and the fourth one delete.
 bool DBTable::mayUse(int position, QChar letter) const {
     const QString rights = m_session.AccessRights();
     return rights.size() >= position && rights[position - 1].toUpper() == letter;

@@ -183,6 +183,17 @@ TEST_F(LineAssign, APercentageThatIsNoNumberIsAWarning) {
     }
 }
 
+TEST_F(LineAssign, AnAssignmentSaysWhetherItTookTheEntry) {
+    EXPECT_TRUE(detail.setTextValue(1, u"Familia"_s));
+    EXPECT_FALSE(detail.setTextValue(2, u"X"_s));
+    EXPECT_TRUE(detail.setTextValue(2, u""_s));
+    EXPECT_TRUE(detail.setTextValue(4, u"5"_s));
+    EXPECT_FALSE(detail.setTextValue(5, u"4"_s));
+    EXPECT_TRUE(detail.setTextValue(6, u"5"_s));
+    EXPECT_FALSE(detail.setTextValue(6, u"101"_s));
+    EXPECT_FALSE(monto.setTextValue(9, u""_s));
+}
+
 TEST_F(LineAssign, ARunTimeErrorIsToldAndLeavesTheFieldAsItWas) {
     // A message box that cannot be shown is the one error that can strike here.
     class Broken final : public MessagePresenter {

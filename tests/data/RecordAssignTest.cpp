@@ -129,6 +129,19 @@ TEST_F(RecordAssign, EmptyDatesFollowTheSameRules) {
     expectSilence();
 }
 
+TEST_F(RecordAssign, APeriodTakenAtOnceMarksTheRecordAsModified) {
+    table.setTextValue(5, u"01/01/2006"_s);
+    table.setTextValue(6, u"31/12/2006"_s);
+    table.SaveDates();
+    table.setPeriod(Date::fromYmd(2007, 1, 1), Date::fromYmd(2007, 12, 31));
+    EXPECT_EQ(table.TextValue(5), u"01/01/2007"_s);
+    EXPECT_EQ(table.TextValue(6), u"31/12/2007"_s);
+    EXPECT_TRUE(table.SysRecordModified);
+    EXPECT_TRUE(table.hasUnsavedChanges());
+    EXPECT_EQ(table.save_FechaInicio(), Date::fromYmd(2006, 1, 1));
+    expectSilence();
+}
+
 TEST_F(RecordAssign, DatesAreClearedAndSavedTogether) {
     table.setTextValue(5, u"01/06/2006"_s);
     table.setTextValue(6, u"30/06/2006"_s);

@@ -146,6 +146,13 @@ TEST_F(RecordWriteLines, AStoredLineThatWasEmptiedIsNeitherUpdatedNorInserted) {
     EXPECT_TRUE(calls[0].startsWith(u"DELETE FROM ComisionesD  WHERE "));
 }
 
+TEST_F(RecordWriteLines, AStoredLineWithoutACodeThatWasEmptiedStaysAsItIsStored) {
+    storeLines(u"Precio"_s, {lineRow(u""_s, u""_s, 0, 0, 5)});
+    read();
+    static_cast<PrecioValues&>(table.Precios(1)) = {};
+    EXPECT_EQ(lineCalls(), Calls());
+}
+
 TEST_F(RecordWriteLines, AChangedCodeDeletesTheOldRowAndInsertsANewOne) {
     storeLines(u"Producto"_s, {lineRow(u"A1"_s, u"Té"_s, 1, 10, 5, u"Producto"_s)});
     read();
