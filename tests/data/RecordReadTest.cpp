@@ -86,6 +86,7 @@ TEST_F(RecordRead, ACodeThatIsNotStoredIsANewRecord) {
     table.setTextValue(5, u"01/06/2006"_s);
     table.Acumulable = u"S"_s;
     table.SaveDates();
+    table.setSave_FechaFinal(Date::fromYmd(2006, 6, 30));
     table.Details(1).Producto = u"A"_s;
     table.SysRecordModified = true;
     EXPECT_TRUE(table.DBRead());
