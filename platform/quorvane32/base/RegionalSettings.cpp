@@ -22,8 +22,7 @@ QString plainNumber(QStringView text, const RegionalSettings& regional) {
     bool decimals = false;
     bool exponent = false;
     bool digit = false;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
+    for (const QChar c : text) {
         const bool signPlace = plain.isEmpty() || plain.endsWith(u'e');
         if (isDigit(c)) {
             digit = true;
