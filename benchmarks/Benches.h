@@ -5,7 +5,8 @@ namespace bench {
 class Company;
 class Report;
 
-void benchTexts(Report& report);
+/// Needs no company.
+void benchTexts(Report& report, Company&);
 void benchReads(Report& report, Company& company);
 void benchWrites(Report& report, Company& company);
 void benchGrid(Report& report, Company& company);

@@ -44,13 +44,16 @@ void benchGrid(Report& report, Company& company) {
     company.addScheme("BENCH100", 100);
     form.show();
     QCoreApplication::processEvents();
+    // Either way the processor's caches have just seen the large scheme.
     const auto showing = [&](const QString& code) {
         return Action{[&] { showAndScroll(form); },
                       [&, code] {
                           company.table().carga_inicio();
                           form.record().showRecord();
                           QCoreApplication::processEvents();
-                          company.read(code);
+                          company.read("BENCH100000");
+                          if (code != QLatin1String("BENCH100000"))
+                              company.read(code);
                       }};
     };
     report.add(compare("show 100000 lines and scroll to the end", gridGoal, rounds, showing("BENCH100000"),

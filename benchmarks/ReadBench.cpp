@@ -28,8 +28,6 @@ void benchRead(Report& report, Company& company, const QString& code, int lines,
 } // namespace
 
 void benchReads(Report& report, Company& company) {
-    company.addScheme("BENCH1000", 1000);
-    company.addScheme("BENCH100000", 100000);
     benchRead(report, company, "BENCH1000", 1000, 60);
     benchRead(report, company, "BENCH100000", 100000, 7);
 

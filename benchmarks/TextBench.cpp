@@ -29,11 +29,10 @@ template<class... Values> void print(const char* format, Values... values) {
     benchmark::DoNotOptimize(std::snprintf(text.data(), text.size(), format, values...));
 }
 
-} // namespace
+const quorvane::RegionalSettings regional;
 
-void benchTexts(Report& report) {
+void benchConversions(Report& report) {
     using quorvane::Kind;
-    const quorvane::RegionalSettings regional;
     const quorvane::Value number = 1234.5;
     const quorvane::Value date = quorvane::Date::fromYmd(2006, 3, 5);
     const quorvane::Value text = QStringLiteral("O'NEIL");
@@ -57,6 +56,13 @@ void benchTexts(Report& report) {
             benchmark::DoNotOptimize(dalvora::TextToValue(entry, Kind::Double, value, 2, regional));
         },
         [] { print("%.15g", 1234.5); });
+}
+
+void benchFilling(Report& report) {
+    using quorvane::Kind;
+    const quorvane::Value number = 1234.5;
+    const quorvane::Value date = quorvane::Date::fromYmd(2006, 3, 5);
+    const quorvane::Value text = QStringLiteral("O'NEIL");
     const dalvora::SqlTemplate form(u"UPDATE t SET a = '$A$', b = $B$ WHERE c = '$C$' ");
     benchText(
         report, "filling a statement",
@@ -71,6 +77,13 @@ void benchTexts(Report& report) {
             print("UPDATE t SET a = '%s', b = %.15g WHERE c = '%02d/%02d/%04d' ", "O''NEIL", 1234.5, 5, 3,
                   2006);
         });
+}
+
+} // namespace
+
+void benchTexts(Report& report, Company&) {
+    benchConversions(report);
+    benchFilling(report);
 }
 
 } // namespace bench
