@@ -50,10 +50,11 @@ void LinesClient::keyDown(int& keyCode, Qt::KeyboardModifiers modifiers) {
         keyCode = 0;
 }
 
-void LinesClient::cellButton() {
+bool LinesClient::cellButton() {
     told += QStringLiteral("button ") + place(m_grid.row(), m_grid.col());
     if (onButton)
         onButton();
+    return buttonStores;
 }
 
 void LinesClient::beforeEdit(bool& cancel) {

@@ -16,7 +16,7 @@ public:
     bool cellTextChanged(int& row, int& column, QString& text) override;
     void newRowRequest() override;
     void keyDown(int& keyCode, Qt::KeyboardModifiers modifiers) override;
-    void cellButton() override;
+    bool cellButton() override;
     void beforeEdit(bool& cancel) override;
 
     void addLine(const QStringList& cells) { lines += cells; }
@@ -30,6 +30,8 @@ public:
     QPair<int, int> lastKey; ///< code and modifiers
     bool swallowKeys = false;
     std::function<void()> onButton;
+    /// What the button tells the grid: that it stored a value.
+    bool buttonStores = false;
     std::function<void()> onRefusal;
     std::function<void()> onBeforeEdit;
 

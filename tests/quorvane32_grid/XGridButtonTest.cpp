@@ -62,6 +62,17 @@ TEST_F(XGridButton, ButtonBesideTheEntryStoresWhatTheClientChose) {
     EXPECT_TRUE(client->told.filter(QStringLiteral("set")).isEmpty()) << "the typed beginning is not stored";
 }
 
+TEST_F(XGridButton, ChoosingWhatTheCellHeldBeforeDropsTheTypedText) {
+    fill(1);
+    client->lines[0][2] = QStringLiteral("P1");
+    at(1, 2);
+    type(QStringLiteral("P2x"));
+    client->buttonStores = true;
+    press(Qt::Key_F8);
+    EXPECT_FALSE(grid->isEditing());
+    EXPECT_EQ(client->lines[0][2], QStringLiteral("P1"));
+}
+
 TEST_F(XGridButton, LookupGivenUpLeavesTheEntryAsItWas) {
     fill(1);
     at(1, 2);

@@ -30,11 +30,15 @@ TEST_F(XGridLayout, NewGridHasTheCaptionRowOnly) {
 }
 
 TEST_F(XGridLayout, WidthsAreTwipsOfTheScreen) {
+    const auto settle = [] { QCoreApplication::processEvents(); };
     grid->column(2).setWidth(1800);
+    settle();
     EXPECT_EQ(view->columnWidth(2), qRound(120 * view->logicalDpiX() / 96.0));
     grid->column(2).setWidth(0);
+    settle();
     EXPECT_TRUE(view->isColumnHidden(2));
     grid->column(2).setWidth(1500);
+    settle();
     EXPECT_FALSE(view->isColumnHidden(2));
     EXPECT_TRUE(view->isColumnHidden(0));
 }

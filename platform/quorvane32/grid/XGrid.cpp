@@ -63,7 +63,7 @@ void XGrid::setCols(int cols) {
         auto& columns = m_state->columns;
         const auto changed = [this] {
             if (!m_draggingColumn)
-                m_view->layOut();
+                m_view->layOutSoon();
         };
         columns.resize(qMin(columns.size(), static_cast<size_t>(cols)));
         while (m_state->cols() < cols)

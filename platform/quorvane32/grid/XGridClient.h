@@ -30,8 +30,10 @@ public:
         Q_UNUSED(modifiers)
     }
 
-    /// The button of the current cell was pressed, with the mouse or with F8.
-    virtual void cellButton() {}
+    /// The button of the current cell was pressed, with the mouse or with F8. Returns true when the client
+    /// stored a value itself: an entry in progress is then dropped, also when the cell shows what it showed
+    /// before.
+    virtual bool cellButton() { return false; }
 
     /// The current cell is about to be edited or pasted into; cancel refuses it.
     virtual void beforeEdit(bool& cancel) { Q_UNUSED(cancel) }

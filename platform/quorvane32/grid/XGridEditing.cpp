@@ -100,13 +100,14 @@ void XGridEditing::close() {
 void XGridEditing::pressButton() {
     if (!isActive() || m_inButton)
         return;
+    bool stored = false;
     {
         const QScopedValueRollback pressed(m_inButton, true);
-        m_state.client->cellButton();
+        stored = m_state.client->cellButton();
     }
     if (!isActive())
         return;
-    if (!m_state.isEditable(m_row, m_col) || m_state.text(m_row, m_col) != m_original)
+    if (stored || !m_state.isEditable(m_row, m_col) || m_state.text(m_row, m_col) != m_original)
         close();
     else
         m_box->entry()->setFocus(Qt::OtherFocusReason);

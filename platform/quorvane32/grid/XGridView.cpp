@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <utility>
 
 namespace quorvane {
 
@@ -69,6 +70,17 @@ int XGridView::pixels(int twips) const {
 
 int XGridView::twips(int pixels) const {
     return qRound(pixels * twipsPerPixel * basicDpi / logicalDpiX());
+}
+
+void XGridView::layOutSoon() {
+    m_layoutDue = true;
+    scheduleDelayedItemsLayout();
+}
+
+void XGridView::doItemsLayout() {
+    if (std::exchange(m_layoutDue, false))
+        layOut();
+    QTableView::doItemsLayout();
 }
 
 void XGridView::layOut() {

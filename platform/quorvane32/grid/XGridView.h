@@ -27,6 +27,9 @@ public:
 
     /// Takes over all column settings, the font's row height and the screen's resolution.
     void layOut();
+    /// The same before the next painting: a form sets some fifty column properties in a row.
+    void layOutSoon();
+    void doItemsLayout() override;
     /// Takes over changed captions and widths, which may need more lines in the caption row.
     void captionsChanged();
     /// Widths in pixels for twips on this screen, and back.
@@ -94,6 +97,7 @@ private:
     QPersistentModelIndex m_hovered;
     QPersistentModelIndex m_pressed;
     bool m_layingOut = false;
+    bool m_layoutDue = false;
 };
 
 } // namespace quorvane
