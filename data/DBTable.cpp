@@ -99,6 +99,10 @@ void DBTable::ClearDates() {
     SaveDates();
 }
 
+int DBTable::CR_Connect(const QString& connectString) {
+    return m_report ? m_report->CR_Connect(connectString) : 0;
+}
+
 void DBTable::setReport(std::unique_ptr<CommissionReport> report) {
     m_report = std::move(report);
 }

@@ -119,6 +119,8 @@ public:
     const std::vector<CurrencyEntry>& currencies() const { return m_currencies; }
     const QStringList& units() const { return m_units; }
 
+    /// Connects the reports; 0 when that went well or there are none.
+    int CR_Connect(const QString& connectString);
     /// Plugs in the report side; without one there are no reports to list.
     void setReport(std::unique_ptr<CommissionReport> report);
 

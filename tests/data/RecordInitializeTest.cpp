@@ -11,6 +11,7 @@ class FakeReport final : public CommissionReport {
 public:
     explicit FakeReport(int result) : m_result(result) {}
     int LoadReportsList() override { return m_result; }
+    int CR_Connect(const QString&) override { return m_result; }
 
 private:
     int m_result;
