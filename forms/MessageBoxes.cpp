@@ -1,4 +1,5 @@
 #include "forms/MessageBoxes.h"
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 
@@ -33,6 +34,18 @@ QString readable(const QString& text) {
     return shown.remove(QChar(u'\0'));
 }
 
+/// In Spanish whatever translations are installed.
+void nameButtons(QMessageBox& box) {
+    const std::pair<QMessageBox::StandardButton, QString> names[] = {
+        {QMessageBox::Ok, QStringLiteral("Aceptar")},
+        {QMessageBox::Yes, QStringLiteral("&Sí")},
+        {QMessageBox::No, QStringLiteral("&No")},
+    };
+    for (const auto& [which, name] : names)
+        if (QAbstractButton* button = box.button(which))
+            button->setText(name);
+}
+
 } // namespace
 
 qint16 MessageBoxes::show(const QString& text, int style, const QString& title) {
@@ -41,6 +54,7 @@ qint16 MessageBoxes::show(const QString& text, int style, const QString& title) 
                     question ? QMessageBox::Yes | QMessageBox::No
                              : QMessageBox::StandardButtons(QMessageBox::Ok),
                     QApplication::activeWindow());
+    nameButtons(box);
     box.setTextFormat(Qt::PlainText);
     box.setText(readable(text));
     box.setDefaultButton(question ? QMessageBox::Yes : QMessageBox::Ok);

@@ -5,8 +5,21 @@
 #include "forms/FormServices.h"
 #include "forms/main/MainControls.h"
 #include "forms/main/RecordCommands.h"
+#include <QApplication>
 
 namespace dalvora {
+
+namespace {
+
+/// The control to come back to: a cell's editor is gone by then, its grid is not.
+QWidget* entryOf(QWidget* focused) {
+    for (QWidget* widget = focused; widget; widget = widget->parentWidget())
+        if (qobject_cast<quorvane::XGrid*>(widget))
+            return widget;
+    return focused;
+}
+
+} // namespace
 
 CommandDispatch::CommandDispatch(MainControls& controls, SessionContext& context, FormServices& services,
                                  RecordCommands& record)
@@ -45,12 +58,19 @@ void CommandDispatch::dispatch(const QString& key, bool Direct) {
         run(key);
         return;
     }
+    if (!m_controls.txt_Focus->hasFocus())
+        m_focusBefore = entryOf(QApplication::focusWidget());
     m_controls.txt_Focus->setFocus();
     m_controls.timFocus->setProperty("Tag", key);
     m_controls.timFocus->start();
 }
 
 void CommandDispatch::timFocus_Timer() {
+    // A window that asks something first gets its answer: the command must not change the record beneath it.
+    if (QApplication::activeModalWidget()) {
+        m_controls.timFocus->start();
+        return;
+    }
     m_controls.timFocus->stop();
     dispatch(m_controls.timFocus->property("Tag").toString(), true);
 }
@@ -61,6 +81,12 @@ void CommandDispatch::run(const QString& key) {
         ShowMessage(QStringLiteral("Botón no implementado ") + key, MessageError);
     else
         (*action)();
+    returnFocus();
+}
+
+void CommandDispatch::returnFocus() {
+    if (m_controls.txt_Focus->hasFocus() && m_focusBefore && m_focusBefore->isEnabled())
+        m_focusBefore->setFocus();
 }
 
 } // namespace dalvora

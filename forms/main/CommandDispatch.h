@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QHash>
+#include <QPointer>
 #include <QString>
 #include <functional>
+
+class QWidget;
 
 namespace dalvora {
 
@@ -24,8 +27,11 @@ public:
 
 private:
     void run(const QString& key);
+    /// Gives the focus back where it was before the command took it, unless the command has moved it.
+    void returnFocus();
 
     MainControls& m_controls;
+    QPointer<QWidget> m_focusBefore;
     QHash<QString, std::function<void()>> m_actions;
 };
 

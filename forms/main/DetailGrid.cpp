@@ -81,6 +81,8 @@ void DetailGrid::cellText(int row, int column, QString& text) {
 }
 
 bool DetailGrid::cellTextChanged(int& row, int& column, QString& text) {
+    if (row > lines().count())
+        return false;
     CommissionLine& line = lines().line(row);
     // Another type of concept makes the code meaningless.
     if (m_kind == LineKind::Producto && column == ProductType && !sameText(text, line.TextValue(column)))
@@ -127,18 +129,20 @@ void DetailGrid::keyDown(int& keyCode, Qt::KeyboardModifiers) {
     }
 }
 
-void DetailGrid::lookUp(const QString& query, const QString& file, const QString& parameters) {
+bool DetailGrid::lookUp(const QString& query, const QString& file, const QString& parameters) {
     QStringList values;
     if (!m_around.services.QueryLookup(query, file, parameters, values) || values.isEmpty())
-        return;
+        return false;
     int row = m_grid.row();
     int column = m_grid.col();
     QString code = values.first();
     cellTextChanged(row, column, code);
     m_grid.refreshRow(row);
+    return true;
 }
 
-void DetailGrid::lookUpConcept() {
+bool DetailGrid::lookUpConcept() {
+    bool stored = false;
     for (const ConceptLookup& lookup : conceptLookups) {
         if (!sameText(m_grid.text(m_grid.row(), ProductType), lookup.type))
             continue;
@@ -146,29 +150,23 @@ void DetailGrid::lookUpConcept() {
             lookup.type == u"Producto" ? table().SysEmpresa : m_around.context.Session->CompanyCode();
         if (!lookup.group.isEmpty())
             parameters = QStringLiteral("%1#%2#  ").arg(lookup.group, parameters);
-        lookUp(lookup.query.toString(), lookup.file.toString(), parameters);
+        stored = lookUp(lookup.query.toString(), lookup.file.toString(), parameters) || stored;
     }
+    return stored;
 }
 
-void DetailGrid::cellButton() {
+bool DetailGrid::cellButton() {
     if (m_grid.col() != designOf(m_kind).codeColumn || m_grid.row() < 1)
-        return;
+        return false;
+    if (m_kind == LineKind::Producto)
+        return lookUpConcept();
     const QString file = QStringLiteral("DALVORA.qry");
-    switch (m_kind) {
-    case LineKind::Producto:
-        lookUpConcept();
-        break;
-    case LineKind::Monto:
-        lookUp(QStringLiteral("DocumentosComision"), file, table().SysEmpresa);
-        break;
-    case LineKind::Precio: {
-        const auto& regional = m_around.context.Regional;
-        lookUp(QStringLiteral("LISTAPRECIOCOMISION"), file,
-               table().SysEmpresa + u'#' + regional.dateText(table().FECHAINICIO()) + u'#' +
-                   regional.dateText(table().FechaFinal()));
-        break;
-    }
-    }
+    if (m_kind == LineKind::Monto)
+        return lookUp(QStringLiteral("DocumentosComision"), file, table().SysEmpresa);
+    const auto& regional = m_around.context.Regional;
+    return lookUp(QStringLiteral("LISTAPRECIOCOMISION"), file,
+                  table().SysEmpresa + u'#' + regional.dateText(table().FECHAINICIO()) + u'#' +
+                      regional.dateText(table().FechaFinal()));
 }
 
 void DetailGrid::beforeEdit(bool& cancel) {

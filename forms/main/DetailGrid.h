@@ -38,7 +38,7 @@ public:
     bool cellTextChanged(int& row, int& column, QString& text) override;
     void newRowRequest() override;
     void keyDown(int& keyCode, Qt::KeyboardModifiers modifiers) override;
-    void cellButton() override;
+    bool cellButton() override;
     void beforeEdit(bool& cancel) override;
 
 private:
@@ -46,9 +46,9 @@ private:
     LineList& lines() const;
     /// Asks before a line with values goes; false keeps it.
     bool removeRow(int row);
-    void lookUpConcept();
-    /// Runs a lookup and stores the chosen code as if it had been typed.
-    void lookUp(const QString& query, const QString& file, const QString& parameters);
+    bool lookUpConcept();
+    /// Runs a lookup and stores the chosen code as if it had been typed; false when nothing was chosen.
+    bool lookUp(const QString& query, const QString& file, const QString& parameters);
     void beforeProductEdit(bool& cancel);
     void beforePriceListEdit(bool& cancel);
 

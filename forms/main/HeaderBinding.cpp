@@ -63,8 +63,20 @@ void HeaderBinding::tryRead() {
     const DBTable& table = *m_context.Table;
     if (m_guard > 0 || m_record.isReading() || table.SysRecordEnabled)
         return;
-    if (!table.Codigo().isEmpty() && !table.FECHAINICIO().isEmpty() && !table.FechaFinal().isEmpty())
+    if (table.Codigo().isEmpty() || table.FECHAINICIO().isEmpty() || table.FechaFinal().isEmpty())
+        return;
+    // The question moves the focus, which must not try again.
+    const QScopedValueRollback guard(m_guard, m_guard + 1);
+    if (mayLoseEntries())
         m_record.readRecord(0);
+}
+
+/// Reads that nobody commanded ask before they replace lines that were entered. False keeps them.
+bool HeaderBinding::mayLoseEntries() {
+    return !m_context.Table->hasUnsavedChanges() ||
+           ShowMessage(
+               QStringLiteral("¿ Seguro de leer otro registro perdiendo las modificaciones ingresadas ?"),
+               MessageQuestion) == ButtonYes;
 }
 
 void HeaderBinding::TxtCodigo_LostFocus() {
@@ -102,11 +114,15 @@ bool HeaderBinding::TxtCodigo_Event(QEvent& event) {
         coCodigo_Click();
         return true;
     case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent&>(event).button() != Qt::LeftButton)
+            return false;
         // A click stores the code again and may read: an entry pasted with the mouse needs no Tab.
         TxtCodigo_LostFocus();
         return false;
     case QEvent::FocusOut:
-        if (quorvane::endsEntry(*m_controls.TxtCodigo, static_cast<QFocusEvent&>(event)))
+        // A read locks this control, which takes the focus from it: nobody has left an entry then.
+        if (!m_record.isReading() &&
+            quorvane::endsEntry(*m_controls.TxtCodigo, static_cast<QFocusEvent&>(event)))
             TxtCodigo_LostFocus();
         return false;
     default:
@@ -129,14 +145,10 @@ bool HeaderBinding::eventFilter(QObject* watched, QEvent* event) {
 /// one on screen. False when the user rather keeps what has been entered.
 bool HeaderBinding::readyForAnother() {
     DBTable& table = *m_context.Table;
-    if (table.SysRecordEnabled) {
-        if (table.hasUnsavedChanges() &&
-            ShowMessage(
-                QStringLiteral("¿ Seguro de leer otro registro perdiendo las modificaciones ingresadas ?"),
-                MessageQuestion) != ButtonYes)
-            return false;
+    if (!mayLoseEntries())
+        return false;
+    if (table.SysRecordEnabled || table.hasUnsavedChanges())
         m_record.newRecord();
-    }
     // Dates entered before must not refuse those of the chosen scheme.
     table.ClearDates();
     return true;
@@ -165,13 +177,15 @@ void HeaderBinding::coCodigo_Click() {
 }
 
 void HeaderBinding::mnuModif_Click() {
-    DBTable& table = *m_context.Table;
     if (!m_periodo)
-        m_periodo = new frmPeriodo(table, &m_form);
+        m_periodo = new frmPeriodo(*m_context.Table, &m_form);
     m_periodo->Form_Load();
     m_periodo->exec();
-    m_controls.FecIni->setText(table.TextValue(ColumnStart));
-    m_controls.FecFin->setText(table.TextValue(ColumnEnd));
+    // The program may have been ended from outside meanwhile.
+    if (!m_context.Table)
+        return;
+    m_controls.FecIni->setText(m_context.Table->TextValue(ColumnStart));
+    m_controls.FecFin->setText(m_context.Table->TextValue(ColumnEnd));
     m_record.showPeriod();
 }
 

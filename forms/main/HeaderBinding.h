@@ -34,6 +34,7 @@ private:
     void FecIni_Change();
     void FecFin_Change();
     void Opt_Monto_Click();
+    bool mayLoseEntries();
     bool readyForAnother();
     bool TxtCodigo_Event(QEvent& event);
 

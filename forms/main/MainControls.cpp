@@ -112,6 +112,8 @@ void MainControls::makeHeader() {
         named(new QPushButton(QStringLiteral("..."), Frame1), "coCodigo", QStringLiteral("Buscar código"));
     coCodigo->setToolTip(QStringLiteral("Buscar una comisión (F8)"));
     coCodigo->setAutoDefault(false);
+    // F8 in the code does the same: Tab goes from entry to entry.
+    coCodigo->setFocusPolicy(Qt::ClickFocus);
     TxtGlosa = named(new QLineEdit(Frame1), "TxtGlosa", QStringLiteral("Descripción"));
     FecIni = named(new quorvane::XDate(Frame1), "FecIni", QStringLiteral("Fecha Inicio"));
     FecFin = named(new quorvane::XDate(Frame1), "FecFin", QStringLiteral("Fecha Final"));
@@ -137,18 +139,20 @@ void MainControls::layOutHeader() {
     grid->addWidget(TxtCodigo, 0, 1);
     grid->addWidget(coCodigo, 0, 2);
     grid->setColumnMinimumWidth(3, groupGap);
-    grid->addWidget(Label5, 0, 4);
-    grid->addWidget(FecIni, 0, 5);
-    grid->setColumnMinimumWidth(6, groupGap);
-    grid->addWidget(Label6, 0, 7);
-    grid->addWidget(FecFin, 0, 8);
-    grid->addWidget(Label2, 1, 0);
-    grid->addWidget(TxtGlosa, 1, 1, 1, 5);
-    grid->addWidget(CheckP, 1, 7, 1, 2);
-    grid->setColumnStretch(1, 1);
+    grid->addWidget(Label2, 0, 4);
+    grid->addWidget(TxtGlosa, 0, 5, 1, 4);
+    grid->addWidget(Label5, 1, 0);
+    grid->addWidget(FecIni, 1, 1, Qt::AlignLeft);
+    grid->addWidget(Label6, 1, 4);
+    grid->addWidget(FecFin, 1, 5, Qt::AlignLeft);
+    grid->setColumnMinimumWidth(7, groupGap);
+    grid->addWidget(CheckP, 1, 8, Qt::AlignRight);
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(6, 3);
     for (quorvane::XDate* date : {FecIni, FecFin})
         date->setFixedWidth(date->sizeHint().width());
-    QWidget* const order[] = {TxtCodigo, coCodigo, FecIni, FecFin, TxtGlosa, CheckP};
+    // The end date completes the key and reads, so the description comes before it.
+    QWidget* const order[] = {TxtCodigo, TxtGlosa, FecIni, FecFin, CheckP};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }

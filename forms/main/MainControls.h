@@ -50,7 +50,7 @@ struct MainControls {
     QLabel* Label6 = nullptr;
     quorvane::XDate* FecFin = nullptr;
     QCheckBox* CheckP = nullptr;
-    /// Holds the options of an older layout that CheckP replaced; hidden.
+    /// The choice of CheckP as two options; hidden, since CheckP says the same in one control.
     QGroupBox* Frame2 = nullptr;
     QRadioButton* Opt_Producto = nullptr;
     QRadioButton* Opt_Monto = nullptr;

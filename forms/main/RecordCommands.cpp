@@ -61,8 +61,10 @@ bool RecordCommands::readRecord(int Pos) {
     const BusyStatus busy(*m_controls.StatusBar, QStringLiteral("Leyendo registro ..."));
     const QScopedValueRollback reading(m_reading, true);
     DBTable& table = *m_context.Table;
-    if (!table.DBRead(Pos))
+    if (!table.DBRead(Pos)) {
+        showAfterFailedRead();
         return false;
+    }
     refreshCommands();
     table.SaveDates();
     if (!table.SysRecordFound)
@@ -71,6 +73,15 @@ bool RecordCommands::readRecord(int Pos) {
     setKeyEnabled(false);
     m_controls.grids()[static_cast<std::size_t>(m_controls.SSTab1->currentIndex())]->setFocus();
     return true;
+}
+
+/// A read that failed half way leaves what it has filled in so far; the grids must not show more than that.
+void RecordCommands::showAfterFailedRead() {
+    DBTable& table = *m_context.Table;
+    if (table.DetailsCount() == 0 || table.MontosCount() == 0 || table.PreciosCount() == 0)
+        table.carga_inicio();
+    for (DetailGrid* grid : m_grids)
+        grid->showLines();
 }
 
 void RecordCommands::showRecord() {
@@ -114,9 +125,11 @@ bool RecordCommands::mayBeSaved() {
                     MessageInformation);
         return false;
     }
-    if (m_controls.FecIni->text().isEmpty() || m_controls.FecFin->text().isEmpty()) {
+    quorvane::XDate& missing = m_controls.FecIni->text().isEmpty() ? *m_controls.FecIni : *m_controls.FecFin;
+    if (missing.text().isEmpty()) {
         ShowMessage(QStringLiteral("Debe ingresar Fecha Inicial y Fecha Final para poder guardar"),
                     MessageInformation);
+        missing.setFocus();
         return false;
     }
     return isValidDay(*m_controls.FecIni) && isValidDay(*m_controls.FecFin);
@@ -162,7 +175,11 @@ void RecordCommands::refreshCommands() {
     const bool assigning = m_controls.button(u"cliente").isEnabled();
     m_controls.menuItem(u"mnuModif").setEnabled(assigning);
     m_controls.menuItem(u"mnuAsignar").setEnabled(assigning);
-    m_controls.CheckP->setChecked(isYes(table.Acumulable));
+    m_controls.CheckP->setChecked(accumulates());
+}
+
+bool RecordCommands::accumulates() const {
+    return isYes(m_context.Table->Acumulable);
 }
 
 } // namespace dalvora

@@ -26,10 +26,13 @@ public:
     /// Panel "PERIODO" from the record.
     void showPeriod();
 
+    /// Whether the record's percentages accumulate.
+    bool accumulates() const;
     /// A read is under way: controls that change now are not the user's doing.
     bool isReading() const { return m_reading; }
 
 private:
+    void showAfterFailedRead();
     bool mayBeSaved();
     /// False after a message when the start or end date counts as none.
     bool isValidDay(QLineEdit& date);

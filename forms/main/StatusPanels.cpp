@@ -88,7 +88,8 @@ void StatusPanels::setText(QStringView key, const QString& text) {
     if (shown.text() == text)
         return;
     shown.setText(text);
-    if (shown.isVisible())
+    // Progress shows before the work begins; what else changes can wait for the next painting.
+    if (key == panelMensaje && !text.isEmpty() && shown.isVisible())
         shown.repaint();
 }
 

@@ -26,8 +26,8 @@ public:
     explicit StatusPanels(QWidget* parent = nullptr);
 
     QString text(QStringView key) const;
-    /// Shows at once, also while a long operation keeps the event loop from painting. Error 9 for an unknown
-    /// panel.
+    /// A text in panel "MENSAJE" shows at once, also while a long operation keeps the event loop from
+    /// painting. Error 9 for an unknown panel.
     void setText(QStringView key, const QString& text);
 
 protected:

@@ -56,8 +56,7 @@ frmMain::frmMain(SessionContext& context, FormServices& services)
 }
 
 frmMain::~frmMain() {
-    for (quorvane::XGrid* grid : m_controls.grids())
-        grid->setClient(nullptr);
+    takeClientsAway();
 }
 
 void frmMain::wireCommands() {
@@ -113,18 +112,40 @@ void frmMain::Form_QueryUnload(bool& Cancel, int mode) {
     if (mode != ControlBox || !m_context.Table)
         return;
     // An entry that is still being typed counts, too.
-    for (quorvane::XGrid* grid : m_controls.grids())
-        grid->commitEdit();
-    const DBTable& table = *m_context.Table;
-    if ((table.SysRecordModified || table.hasUnsavedChanges()) &&
+    commitEdits();
+    if (wouldLoseEntry() &&
         ShowMessage(QStringLiteral("¿ Seguro de salir perdiendo las modificaciones ingresadas ?"),
                     MessageQuestion) != ButtonYes)
         Cancel = true;
 }
 
+bool frmMain::wouldLoseEntry() const {
+    const DBTable& table = *m_context.Table;
+    if (table.SysRecordModified || table.hasUnsavedChanges())
+        return true;
+    if (table.SysRecordFound)
+        return m_controls.CheckP->isChecked() != m_record.accumulates();
+    const QLineEdit* const header[] = {m_controls.TxtCodigo, m_controls.TxtGlosa, m_controls.FecIni,
+                                       m_controls.FecFin};
+    return std::any_of(std::begin(header), std::end(header),
+                       [](const QLineEdit* entry) { return !entry->text().isEmpty(); });
+}
+
 void frmMain::unload() {
     m_unloading = true;
     close();
+    takeClientsAway();
+}
+
+void frmMain::commitEdits() {
+    for (quorvane::XGrid* grid : m_controls.grids())
+        grid->commitEdit();
+}
+
+/// Nothing may ask for a cell any more once the record goes.
+void frmMain::takeClientsAway() {
+    for (quorvane::XGrid* grid : m_controls.grids())
+        grid->setClient(nullptr);
 }
 
 void frmMain::bringUp() {
@@ -132,6 +153,7 @@ void frmMain::bringUp() {
         show();
     if (isMinimized())
         showNormal();
+    commitEdits();
 }
 
 void frmMain::System_RecordAdd() {

@@ -22,6 +22,7 @@ public:
 
     MainControls& controls() { return m_controls; }
     RecordCommands& record() { return m_record; }
+    HeaderBinding& header() { return m_header; }
 
     /// Loads the skin from a style file and gives it to the window; a file that cannot be used is told and
     /// leaves the toolkit's own look.
@@ -55,7 +56,12 @@ protected:
 
 private:
     void wireCommands();
+    /// Shows the window and ends an edit in progress.
     void bringUp();
+    void commitEdits();
+    void takeClientsAway();
+    /// Whether closing now would lose what has been entered.
+    bool wouldLoseEntry() const;
     void Form_Resize();
     void keepLeastSize();
     void placeControls();

@@ -1,5 +1,6 @@
 // Layout of the three detail grids and editing in them.
 #include "tests/forms/MainFormTest.h"
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 
@@ -79,19 +80,43 @@ TEST_F(GridTest, AmountsKeepTheControlsOwnFirstColour) {
 
 TEST_F(GridTest, FocusDetailCellOutsideTheRowsOnlySwitchesTheTab) {
     readC1();
-    table().Grilla = 2;
     goTo(1, 1, 3);
-    FocusDetailCell(controls(), table(), 4, 0, 1);
-    EXPECT_EQ(amounts().col(), 3);
-    FocusDetailCell(controls(), table(), 4, amounts().rows(), 1);
-    EXPECT_EQ(amounts().col(), 3);
+    for (const int row : {0, amounts().rows()}) {
+        table().Grilla = 2;
+        goTo(0, 1, 1);
+        FocusDetailCell(controls(), table(), 4, row, 1);
+        EXPECT_EQ(controls().SSTab1->currentIndex(), 1);
+        EXPECT_TRUE(amounts().isAncestorOf(QApplication::focusWidget()));
+        EXPECT_EQ(amounts().row(), 1);
+        EXPECT_EQ(amounts().col(), 3);
+    }
+}
+
+TEST_F(GridTest, FocusDetailCellNeedsALineErrorAndTakesColumnOneForNone) {
+    readC1();
     table().Grilla = 3;
     FocusDetailCell(controls(), table(), 4, 1, 0);
-    EXPECT_EQ(controls().SSTab1->currentIndex(), 1);
+    EXPECT_EQ(controls().SSTab1->currentIndex(), 0);
     FocusDetailCell(controls(), table(), 0, 1, 1);
     EXPECT_EQ(controls().SSTab1->currentIndex(), 2);
     EXPECT_EQ(priceLists().col(), 1);
-    EXPECT_TRUE(priceLists().isAncestorOf(QApplication::focusWidget()) || priceLists().hasFocus());
+    EXPECT_TRUE(priceLists().isAncestorOf(QApplication::focusWidget()));
+    table().Grilla = 0;
+    FocusDetailCell(controls(), table(), 1, 1, 1);
+    EXPECT_EQ(controls().SSTab1->currentIndex(), 2);
+}
+
+TEST_F(GridTest, CaptionRowIsTintedUnlessTheGridHasNoRow) {
+    const auto captionColour = [](quorvane::XGrid& grid) {
+        const QImage picture = grid.grab().toImage();
+        return picture.pixelColor(picture.width() - 10, 6).rgb();
+    };
+    EXPECT_EQ(captionColour(products()), qRgb(0xE0, 0xE0, 0xFF));
+    products().setRows(0);
+    EXPECT_EQ(products().rows(), 0);
+    SetupGrids(controls(), table());
+    EXPECT_EQ(products().fourthColor() & 0xFFFFFF, 0xFFCECEU);
+    EXPECT_EQ(products().firstColor() & 0xFFFFFF, 0xE0E0E0U);
 }
 
 TEST_F(GridTest, ShowsTheLinesAndAnEntryRow) {
@@ -295,4 +320,12 @@ TEST_F(GridTest, HostileTextsInEveryCellAreHarmless) {
     recorder.take();
     EXPECT_EQ(rows(u"SELECT count(*) FROM producto"_s), QStringList{u"2"_s});
     EXPECT_EQ(products().text(1, 2), u"P1"_s);
+}
+
+TEST_F(GridTest, AnEntryInProgressStaysWhileNothingHappens) {
+    readC1();
+    goTo(0, 1, 6);
+    type(u"7,5"_s);
+    QTest::qWait(400);
+    EXPECT_TRUE(products().isEditing());
 }

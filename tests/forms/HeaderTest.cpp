@@ -193,3 +193,58 @@ TEST_F(HeaderTest, HostileTextsInTheHeaderAreHarmless) {
     expectSilence();
     EXPECT_EQ(rows(u"SELECT count(*) FROM Comisiones"_s), QStringList{u"1"_s});
 }
+
+TEST_F(HeaderTest, TabGoesThroughANewSchemeBeforeItIsRead) {
+    controls().TxtCodigo->setFocus();
+    for (const QString& entry : {u"NUEVO"_s, u"Esquema nuevo"_s, u"01/01/2007"_s, u"31/12/2007"_s}) {
+        type(entry);
+        press(Qt::Key_Tab);
+    }
+    EXPECT_TRUE(table().SysRecordEnabled);
+    EXPECT_EQ(table().Codigo(), u"NUEVO"_s);
+    EXPECT_EQ(table().Descripcion(), u"Esquema nuevo"_s);
+    EXPECT_EQ(controls().StatusBar->text(panelPeriodo), u"01/01/2007 - 31/12/2007"_s);
+}
+
+TEST_F(HeaderTest, ALookupByAReaderOffersNoSave) {
+    session->rights = u"R---"_s;
+    chosen = {u"C1"_s, u"Esquema uno"_s, u"01/01/2006"_s, u"31/12/2006"_s};
+    controls().TxtCodigo->setFocus();
+    press(Qt::Key_F8);
+    EXPECT_TRUE(table().SysRecordFound);
+    EXPECT_FALSE(controls().button(u"grabar").isEnabled());
+}
+
+TEST_F(HeaderTest, ARightClickOnTheCodeDoesNotRead) {
+    enter(*controls().FecIni, u"01/01/2006"_s);
+    enter(*controls().FecFin, u"31/12/2006"_s);
+    controls().TxtCodigo->setFocus();
+    type(u"C1"_s);
+    QTest::mouseRelease(controls().TxtCodigo, Qt::RightButton);
+    EXPECT_FALSE(table().SysRecordEnabled);
+}
+
+TEST_F(HeaderTest, ALookupReplacesEnteredLinesOnlyWhenTold) {
+    enterCell(*controls().XGrid, 1, 1, u"Todos"_s);
+    chosen = {u"C1"_s, u"Esquema uno"_s, u"01/01/2006"_s, u"31/12/2006"_s};
+    recorder.answer(ButtonNo);
+    QTest::mouseClick(controls().coCodigo, Qt::LeftButton);
+    expectTold({{u"¿ Seguro de leer otro registro perdiendo las modificaciones ingresadas ?"_s, 36}});
+    EXPECT_EQ(controls().XGrid->text(1, 1), u"Todos"_s);
+    EXPECT_FALSE(table().SysRecordEnabled);
+}
+
+TEST_F(HeaderTest, CompletingTheKeyKeepsEnteredLinesUnlessTold) {
+    enterCell(*controls().XGrid, 1, 1, u"Todos"_s);
+    enter(*controls().TxtCodigo, u"C1"_s);
+    enter(*controls().FecIni, u"01/01/2006"_s);
+    recorder.answer(ButtonNo);
+    enter(*controls().FecFin, u"31/12/2006"_s);
+    expectTold({{u"¿ Seguro de leer otro registro perdiendo las modificaciones ingresadas ?"_s, 36}});
+    EXPECT_EQ(controls().XGrid->text(1, 1), u"Todos"_s);
+    recorder.answer(ButtonYes);
+    controls().TxtCodigo->setFocus();
+    press(Qt::Key_Tab);
+    recorder.take();
+    EXPECT_TRUE(table().SysRecordFound);
+}
