@@ -38,8 +38,10 @@ bool Program::Form_Initialize(const QString& commandLine) {
     m_context.Version =
         FormateaVersion(m_parts.application.major, m_parts.application.minor, m_parts.application.revision);
     const bool running = initializeApplication(commandLine, true);
-    if (running)
+    if (running) {
+        m_context.Table->CR_Connect(m_context.Connection->connectString());
         m_form->setInitializing(false);
+    }
     return running;
 }
 
@@ -49,17 +51,27 @@ bool Program::initializeApplication(const QString& commandLine, bool ShowProgres
         m_context.AppTitle = messageTitle.toString();
         findHelpFile();
         m_form->setProperty("HelpContextID", mainHelpContext);
-        StatusPanels& panels = *m_form->controls().StatusBar;
-        if (ShowProgress) {
-            m_form->setEnabled(false);
-            m_form->show();
-            panels.setText(panelMensaje, QStringLiteral("Inicializando aplicación ..."));
-            QCoreApplication::processEvents();
-        }
-        m_context.Connection = std::make_unique<quorvane::Connection>();
+        if (ShowProgress)
+            showInitializing();
         m_context.Session = m_parts.makeSession();
-        if (!signIn(ParseKeyValues(commandLine, QStringLiteral("EMPRESA"))))
-            return false;
+        m_context.Connection = std::make_unique<quorvane::Connection>();
+        return signIn(ParseKeyValues(commandLine, QStringLiteral("EMPRESA"))) && openRecord(ShowProgress);
+    } catch (const quorvane::RunTimeError& error) {
+        ShowRunTimeError(QStringLiteral("Error al iniciar aplicación"), error);
+        return false;
+    }
+}
+
+void Program::showInitializing() {
+    m_form->setEnabled(false);
+    m_form->show();
+    m_form->controls().StatusBar->setText(panelMensaje, QStringLiteral("Inicializando aplicación ..."));
+    QCoreApplication::processEvents();
+}
+
+bool Program::openRecord(bool ShowProgress) {
+    StatusPanels& panels = *m_form->controls().StatusBar;
+    {
         const HourGlass working;
         m_context.Table =
             std::make_unique<DBTable>(*m_context.Connection, *m_context.Session, m_context.Regional);
@@ -68,22 +80,19 @@ bool Program::initializeApplication(const QString& commandLine, bool ShowProgres
             return false;
         SetupGrids(m_form->controls(), *m_context.Table);
         m_form->record().newRecord();
-        if (ShowProgress) {
-            m_form->setEnabled(true);
-            panels.setText(panelMensaje, {});
-        } else {
-            m_form->show();
-        }
-        panels.setText(panelEmpresa, m_context.Session->CompanyName());
-        m_form->rememberSize();
-        m_context.Table->carga_inicio();
-        m_form->record().refreshCommands();
-        m_form->controls().TxtCodigo->setFocus();
-        return true;
-    } catch (const quorvane::RunTimeError& error) {
-        ShowRunTimeError(QStringLiteral("Error al iniciar aplicación"), error);
-        return false;
     }
+    if (ShowProgress) {
+        m_form->setEnabled(true);
+        panels.setText(panelMensaje, {});
+    } else {
+        m_form->show();
+    }
+    panels.setText(panelEmpresa, m_context.Session->CompanyName());
+    m_form->rememberSize();
+    m_context.Table->carga_inicio();
+    m_form->record().refreshCommands();
+    m_form->controls().TxtCodigo->setFocus();
+    return true;
 }
 
 void Program::findHelpFile() {

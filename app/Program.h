@@ -61,6 +61,9 @@ Q_SIGNALS:
 
 private:
     bool initializeApplication(const QString& commandLine, bool ShowProgress);
+    void showInitializing();
+    /// Makes the record and shows it empty; false after a message of the record's.
+    bool openRecord(bool ShowProgress);
     /// False when the user gave up.
     bool signIn(const QString& company);
     void findHelpFile();

@@ -20,7 +20,8 @@ TEST(Regional, SpanishLocaleKeepsItsOwn) {
 }
 
 TEST(Regional, SeparatorsOfNumbersAlwaysDiffer) {
-    for (const QLocale& locale : QLocale::matchingLocales(QLocale::Spanish, QLocale::AnyScript, QLocale::AnyCountry)) {
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::Spanish, QLocale::AnyScript, QLocale::AnyCountry)) {
         const auto settings = regionalSettings(locale);
         EXPECT_NE(settings.decimalSeparator, settings.groupSeparator) << qPrintable(locale.name());
     }

@@ -1,0 +1,242 @@
+// The program from its command line to its end, over a real embedded database.
+#include "app/Program.h"
+#include "data/DBTable.h"
+#include "forms/main/StatusPanels.h"
+#include "forms/main/frmMain.h"
+#include "platform/help/HelpSystem.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "sql/Schema.h"
+#include "tests/common/FakeComponents.h"
+#include "tests/support/FakeSession.h"
+#include "tests/support/MessageRecorder.h"
+#include "tests/support/QtPrinters.h"
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace dalvora;
+using namespace dalvora::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes how the program signs in, and opens the given database or gives up or fails.
+class SigningSession final : public quorvane::Session {
+public:
+    struct Script {
+        QString databaseFile;
+        QStringList calls;
+        bool cancel = false;
+        std::optional<quorvane::RunTimeError> error;
+        QString warning;
+        std::optional<quorvane::RunTimeError> endError;
+    };
+    explicit SigningSession(Script& script) : m_script(script) {}
+
+    void SetApplication(const quorvane::ApplicationInfo& application) override {
+        m_script.calls << u"SetApplication "_s + application.helpFile;
+    }
+    void SetClientInfo(const QString& info) override {
+        m_script.calls << (info.isEmpty() ? u"SetClientInfo"_s : u"SetClientInfo text"_s);
+    }
+    void Initialize(quorvane::Connection& connection, const QString& module, const QString& program,
+                    const QString& version, const QString& company, bool& cancel) override {
+        m_script.calls << QStringList{u"Initialize"_s, module, program, version, u'[' + company + u']'}.join(
+            u' ');
+        if (m_script.error)
+            throw *m_script.error;
+        cancel = m_script.cancel;
+        if (!cancel)
+            connection.open(u"Driver=sqlite;Database="_s + m_script.databaseFile);
+    }
+    QString CompanyName() const override { return u"Comercial de Prueba"_s; }
+    QString CompanyCode() const override { return u"01"_s; }
+    QString AccessRights() const override { return u"RWXD"_s; }
+    QString Warning() const override { return m_script.warning; }
+    void Audit(int code, const QString& text) override {
+        if (m_script.endError && code == quorvane::AuditEnd)
+            throw *m_script.endError;
+        m_script.calls << u"Audit %1 [%2]"_s.arg(code).arg(text);
+    }
+
+private:
+    Script& m_script;
+};
+
+class HelpRecorder final : public help::HelpSystem {
+public:
+    void htmlHelp(const QString& file, int command, const QVariant& data) override {
+        calls << u"%1 %2 %3"_s.arg(file.section(u'/', -1)).arg(command).arg(data.toString());
+    }
+    QStringList calls;
+};
+
+class ProgramTest : public testing::Test {
+protected:
+    ProgramTest() {
+        using quorvane::sqlite::Access;
+        script.databaseFile = folder.filePath(u"erp.db"_s);
+        const auto database = quorvane::sqlite::open(script.databaseFile, Access::Create, 1000);
+        quorvane::sqlite::run(database.get(), erpTables());
+        quorvane::sqlite::run(database.get(),
+                              "INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Texto, Valor2) VALUES"
+                              " ('01', 'GEN_MONEDA', 'PESO', '', 2),"
+                              " ('01', 'CONFIG.EMPRESA', 'MONEDA', 'PESO', 0)");
+    }
+
+    Program& start(const QString& commandLine, bool expected = true) {
+        program = std::make_unique<Program>(
+            ProgramParts{{folder.path(), helpFile, 7, 13, 1203},
+                         QStringLiteral(DALVORA_STYLES) + u"/Office2007.cjstyles"_s,
+                         {},
+                         [this] { return std::make_unique<SigningSession>(script); },
+                         components,
+                         help});
+        EXPECT_EQ(program->Form_Initialize(commandLine), expected);
+        return *program;
+    }
+    void removeCurrencies() {
+        const auto database =
+            quorvane::sqlite::open(script.databaseFile, quorvane::sqlite::Access::ReadWrite, 1000);
+        quorvane::sqlite::run(database.get(), "DELETE FROM gen_tabcod");
+    }
+
+    QTemporaryDir folder;
+    QString helpFile = u"dalvora.chm"_s;
+    MessageRecorder recorder;
+    SigningSession::Script script;
+    FakeComponents components;
+    HelpRecorder help;
+    std::unique_ptr<Program> program;
+};
+
+} // namespace
+
+TEST_F(ProgramTest, StartsSignedInWithAnEmptyRecord) {
+    start(u"EMPRESA=01;USUARIO=x"_s);
+    EXPECT_EQ(script.calls,
+              (QStringList{u"SetApplication "_s + folder.path() + u"/dalvora.chm"_s, u"SetClientInfo text"_s,
+                           u"Initialize DALVORA VELTRANO 7.13.12 [01]"_s, u"Audit 2 []"_s}));
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
+    frmMain& form = program->form();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.isEnabled());
+    EXPECT_EQ(form.windowTitle(), u"Veltrano"_s);
+    EXPECT_EQ(form.controls().StatusBar->text(panelMensaje), QString());
+    EXPECT_EQ(form.controls().StatusBar->text(panelEmpresa), u"Comercial de Prueba"_s);
+    for (const quorvane::XGrid* grid : form.controls().grids())
+        EXPECT_EQ(grid->rows(), 2);
+    EXPECT_FALSE(program->context().Table->SysRecordEnabled);
+    EXPECT_EQ(program->context().AppTitle, u"Quorvane ERP - Dalvora"_s);
+    EXPECT_EQ(program->context().Table->SysPrograma, u"VELTRANO"_s);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ProgramTest, WithoutACompanyTheSessionDecides) {
+    start(QString());
+    EXPECT_EQ(script.calls.value(2), u"Initialize DALVORA VELTRANO 7.13.12 []"_s);
+}
+
+TEST_F(ProgramTest, GivingUpTheSignInEndsSilently) {
+    script.cancel = true;
+    start(u"EMPRESA=01"_s, false);
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
+    EXPECT_TRUE(program->Form_Unload());
+}
+
+TEST_F(ProgramTest, AnErrorWhileStartingIsToldAndEndsTheStart) {
+    script.error = quorvane::RunTimeError(53, u"No se encontró la base de datos x"_s);
+    start(u"EMPRESA=01"_s, false);
+    EXPECT_EQ(recorder.take(),
+              (std::vector<Message>{
+                  {u"Error al iniciar aplicación\n53 - No se encontró la base de datos x"_s, 16}}));
+}
+
+TEST_F(ProgramTest, ACommandLineTooLongIsAnErrorWhileStarting) {
+    start(QString(40000, u'x'), false);
+    EXPECT_EQ(recorder.take(),
+              (std::vector<Message>{{u"Error al iniciar aplicación\n6 - Desbordamiento"_s, 16}}));
+}
+
+TEST_F(ProgramTest, MissingConfigurationEndsTheStartWithItsOneMessage) {
+    removeCurrencies();
+    start(u"EMPRESA=01"_s, false);
+    EXPECT_EQ(
+        recorder.take(),
+        (std::vector<Message>{{u"No existe la siguiente configuración.\n\n"
+                               "- Definición de monedas en parámetros generales.\n"
+                               "- Definición de moneda local en parámetros o en la tabla de monedas.\n"_s,
+                               64}}));
+    EXPECT_EQ(script.calls.mid(3), (QStringList{u"Audit 2 []"_s, u"Audit 3 []"_s}));
+}
+
+TEST_F(ProgramTest, WhatTheSessionHasToSayIsSaidOnce) {
+    script.warning = u"La base de datos es de sólo lectura."_s;
+    start(u"EMPRESA=01"_s);
+    EXPECT_EQ(recorder.take(), (std::vector<Message>{{u"La base de datos es de sólo lectura."_s, 48}}));
+}
+
+TEST_F(ProgramTest, HelpFileWithAFolderStaysAsItIs) {
+    helpFile = u"/ayuda/otra.chm"_s;
+    start(u"EMPRESA=01"_s);
+    EXPECT_EQ(script.calls.first(), u"SetApplication /ayuda/otra.chm"_s);
+}
+
+TEST_F(ProgramTest, HelpKeyOpensTheMainContext) {
+    frmMain& form = start(u"EMPRESA=01"_s).form();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QTest::keyClick(&form, Qt::Key_F1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !help.calls.isEmpty(); }));
+    EXPECT_EQ(help.calls, QStringList{u"dalvora.chm 15 138"_s});
+}
+
+TEST_F(ProgramTest, WhatThisVersionLacksIsSaid) {
+    start(u"EMPRESA=01"_s);
+    program->previewReport();
+    program->printReport();
+    program->showSalespeople();
+    EXPECT_EQ(recorder.take(),
+              (std::vector<Message>{
+                  {u"La vista previa de informes no está disponible en esta versión."_s, 64},
+                  {u"La impresión de informes no está disponible en esta versión."_s, 64},
+                  {u"La asignación de comisiones a vendedores no está disponible en esta versión."_s, 64}}));
+}
+
+TEST_F(ProgramTest, ClosingTheWindowEndsTheProgram) {
+    start(u"EMPRESA=01"_s);
+    int ended = 0;
+    QObject::connect(program.get(), &Program::ended, [&ended] { ++ended; });
+    program->form().close();
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(script.calls.last(), u"Audit 3 []"_s);
+    EXPECT_FALSE(program->form().isVisible());
+    EXPECT_EQ(program->context().Table, nullptr);
+    program->terminate();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(ProgramTest, AnErrorAtTheEndIsTold) {
+    start(u"EMPRESA=01"_s);
+    script.endError = quorvane::RunTimeError(91, u"Variable de objeto no establecida"_s);
+    program->terminate();
+    EXPECT_EQ(recorder.take(),
+              (std::vector<Message>{
+                  {u"Error al terminar la aplicación\n91 - Variable de objeto no establecida"_s, 16}}));
+}
+
+TEST_F(ProgramTest, AMissingStyleFileIsOneWarning) {
+    program =
+        std::make_unique<Program>(ProgramParts{{folder.path(), helpFile, 1, 0, 0},
+                                               folder.filePath(u"no.cjstyles"_s),
+                                               {},
+                                               [this] { return std::make_unique<SigningSession>(script); },
+                                               components,
+                                               help});
+    EXPECT_TRUE(program->Form_Initialize(u"EMPRESA=01"_s));
+    const auto told = recorder.take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told.front().style, 48);
+    EXPECT_TRUE(told.front().text.contains(u"no.cjstyles"_s));
+}
