@@ -18,6 +18,7 @@ constexpr int stepDelay = 350;
 Tour::Tour(dalvora::frmMain& form, QString folder) : m_form(form), m_folder(std::move(folder)) {
     addReadingSteps();
     addEditingSteps();
+    addRefusalSteps();
     addOtherWindowSteps();
 }
 
@@ -27,7 +28,10 @@ void Tour::addReadingSteps() {
                            m_form.controls().TxtCodigo->setFocus();
                            press(Qt::Key_F8);
                        }});
-    m_steps.push_back({QStringLiteral("comision-leida"), [this] { press(Qt::Key_Return); }});
+    m_steps.push_back({QStringLiteral("comision-leida"), [this] {
+                           type(QStringLiteral("mixta"));
+                           press(Qt::Key_Return);
+                       }});
     m_steps.push_back({QStringLiteral("montos"), [this] { m_form.controls().SSTab1->setCurrentIndex(1); }});
     m_steps.push_back({QStringLiteral("precios"), [this] { m_form.controls().SSTab1->setCurrentIndex(2); }});
 }
@@ -52,6 +56,9 @@ void Tour::addEditingSteps() {
                        }});
     m_steps.push_back({QStringLiteral("buscar-filtrando"), [this] { type(QStringLiteral("1")); }});
     m_steps.push_back({QStringLiteral("producto-elegido"), [this] { press(Qt::Key_Return); }});
+}
+
+void Tour::addRefusalSteps() {
     m_steps.push_back({QStringLiteral("valor-rechazado"), [this] {
                            goToCell(0, m_form.controls().XGrid->rows() - 1, 6);
                            type(QStringLiteral("150"));
@@ -61,7 +68,6 @@ void Tour::addEditingSteps() {
                            closeOpenWindow();
                            const int row = m_form.controls().XGrid->rows() - 1;
                            QTimer::singleShot(0, this, [this, row] {
-                               press(Qt::Key_Escape);
                                goToCell(0, row, 6);
                                type(QStringLiteral("2,25"));
                                press(Qt::Key_Return);
@@ -81,13 +87,18 @@ void Tour::addEditingSteps() {
 }
 
 void Tour::addOtherWindowSteps() {
-    m_steps.push_back({QStringLiteral("eliminar"), [this] {
+    m_steps.push_back({QStringLiteral("leida-otra-vez"), [this] {
+                           activate();
                            m_form.controls().TxtCodigo->setFocus();
-                           QTimer::singleShot(0, this, [this] { press(Qt::Key_F8); });
                            QTimer::singleShot(stepDelay / 3, this, [this] {
+                               type(QStringLiteral("campaña"));
                                press(Qt::Key_Return);
-                               clickButton(QStringLiteral("eliminar"));
                            });
+                           press(Qt::Key_F8);
+                       }});
+    m_steps.push_back({QStringLiteral("eliminar"), [this] {
+                           activate();
+                           clickButton(QStringLiteral("eliminar"));
                        }});
     m_steps.push_back({QStringLiteral("acerca-de"), [this] {
                            closeOpenWindow();
@@ -124,23 +135,27 @@ void Tour::takePicture(const QString& name) {
     const QString file =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(m_next, 2, 10, QLatin1Char('0')).arg(name);
     if (!pictureOfScreen(m_form).save(file)) {
-        std::fprintf(stderr, "%s: no se pudo escribir\n", qPrintable(file));
-        ++m_failures;
+        fail(QStringLiteral("no se pudo escribir ") + file);
     }
+}
+
+void Tour::fail(const QString& why) {
+    std::fprintf(stderr, "paso %zu: %s\n", m_next, qPrintable(why));
+    ++m_failures;
 }
 
 void Tour::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     if (QWidget* receiver = QApplication::focusWidget())
         QTest::keyClick(receiver, key, modifiers);
     else
-        ++m_failures;
+        fail(QStringLiteral("nadie recibe la tecla %1").arg(key));
 }
 
 void Tour::type(const QString& text) {
     for (const QChar c : text) {
         QWidget* receiver = QApplication::focusWidget();
         if (!receiver) {
-            ++m_failures;
+            fail(QStringLiteral("nadie recibe el texto ") + text);
             return;
         }
         QTest::sendKeyEvent(QTest::Click, receiver, Qt::Key_unknown, QString(c), Qt::NoModifier);
@@ -153,12 +168,19 @@ void Tour::clickButton(const QString& key) {
 }
 
 void Tour::goToCell(int tab, int row, int column) {
-    m_form.activateWindow();
+    activate();
     m_form.controls().SSTab1->setCurrentIndex(tab);
     quorvane::XGrid& grid = *m_form.controls().grids()[static_cast<std::size_t>(tab)];
     grid.setFocus();
     grid.setRow(row);
     grid.setCol(column);
+}
+
+/// Closing another window leaves none active on a platform without a window manager.
+void Tour::activate() {
+    m_form.activateWindow();
+    if (!QTest::qWaitForWindowActive(&m_form))
+        fail(QStringLiteral("la ventana no está activa"));
 }
 
 void Tour::closeOpenWindow() {

@@ -32,14 +32,18 @@ private:
     };
     void addReadingSteps();
     void addEditingSteps();
+    void addRefusalSteps();
     void addOtherWindowSteps();
     void next();
     void takePicture(const QString& name);
+    /// Tells a step that found nothing to act on.
+    void fail(const QString& why);
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
     void clickButton(const QString& key);
     void goToCell(int tab, int row, int column);
+    void activate();
     void closeOpenWindow();
 
     dalvora::frmMain& m_form;
