@@ -145,9 +145,7 @@ void LookupWindow::setColumnWidths() {
     resize(wanted.expandedTo({480, 0}).boundedTo(screen()->availableGeometry().size() * 0.9));
 }
 
-void LookupWindow::buildWindow(const QString& title) {
-    setWindowTitle(title);
-    setSizeGripEnabled(true);
+void LookupWindow::buildLabels() {
     m_empty = new QLabel(m_table->viewport());
     m_empty->setObjectName(QStringLiteral("lblVacio"));
     m_empty->setAlignment(Qt::AlignCenter);
@@ -166,12 +164,9 @@ void LookupWindow::buildWindow(const QString& title) {
     strong.setBold(true);
     m_notice->setFont(strong);
     m_notice->hide();
-    auto* hint = new QLabel(
-        QStringLiteral("Escriba para filtrar. Tab: otra columna. F6: ordenar. Intro: elegir. Esc: cancelar."),
-        this);
-    hint->setWordWrap(true);
-    hint->setForegroundRole(QPalette::PlaceholderText);
+}
 
+QDialogButtonBox* LookupWindow::buildButtons() {
     auto* buttons = new QDialogButtonBox(this);
     m_choose = buttons->addButton(QStringLiteral("Aceptar"), QDialogButtonBox::AcceptRole);
     m_choose->setObjectName(QStringLiteral("coAceptar"));
@@ -182,20 +177,32 @@ void LookupWindow::buildWindow(const QString& title) {
     connect(buttons, &QDialogButtonBox::accepted, this, &LookupWindow::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &LookupWindow::reject);
 
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(m_count, 1);
-    bottom->addWidget(buttons);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(hint);
-    layout->addWidget(m_table, 1);
-    layout->addWidget(m_notice);
-    layout->addLayout(bottom);
-
     for (int column = 1; column < m_header->filterCount(); ++column)
         setTabOrder(m_header->filter(column - 1), m_header->filter(column));
     setTabOrder(m_header->filter(m_header->filterCount() - 1), m_table);
     setTabOrder(m_table, m_choose);
     setTabOrder(m_choose, cancel);
+    return buttons;
+}
+
+void LookupWindow::buildWindow(const QString& title) {
+    setWindowTitle(title);
+    setSizeGripEnabled(true);
+    buildLabels();
+    auto* hint = new QLabel(
+        QStringLiteral("Escriba para filtrar. Tab: otra columna. F6: ordenar. Intro: elegir. Esc: cancelar."),
+        this);
+    hint->setWordWrap(true);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(m_count, 1);
+    bottom->addWidget(buildButtons());
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(hint);
+    layout->addWidget(m_table, 1);
+    layout->addWidget(m_notice);
+    layout->addLayout(bottom);
 }
 
 void LookupWindow::fetchSlice(int milliseconds, int mostRows) {

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <exception>
 
+class QDialogButtonBox;
 class QLabel;
 class QPushButton;
 class QTableView;
@@ -37,6 +38,8 @@ protected:
 
 private:
     void buildTable();
+    void buildLabels();
+    QDialogButtonBox* buildButtons();
     void buildWindow(const QString& title);
     int columnWidth(int column) const;
     void setColumnWidths();
