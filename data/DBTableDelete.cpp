@@ -29,6 +29,7 @@ bool DBTable::DBDelete() {
         QString message;
         if (!deleteRecord(message)) {
             m_connection.rollbackTrans();
+            // Today every refusal brings its own message; the fixed one is for a step that forgets to.
             ShowMessage(message.isEmpty() ? u"Error al eliminar datos"_s : message, MessageWarning);
             return false;
         }
@@ -90,6 +91,7 @@ bool DBTable::DBClear() {
     });
 }
 
+/// The place for what a new record needs beyond this; nothing today.
 bool DBTable::reset() {
     return true;
 }

@@ -62,6 +62,7 @@ bool DBTable::DBInitialize() {
         DBClear();
         return !m_report || m_report->LoadReportsList() == 0;
     } catch (const quorvane::RunTimeError& error) {
+        // This one message joins number and description without a blank.
         ShowMessage(u"Error al inicializar la aplicación\n%1 -"_s.arg(error.number()) + error.description(),
                     MessageError);
         return false;
@@ -121,6 +122,7 @@ void DBTable::loadDecimals() {
     if (row.eof())
         return;
     SysDecimales = decimalsOf(row.value(u"valor1"), m_regional);
+    // No decimals leave a bare point behind: the format is always built with one.
     SysFormatNum = withDecimals(wholeFormat, SysDecimales);
 }
 

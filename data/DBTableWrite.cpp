@@ -49,6 +49,7 @@ bool DBTable::DBWrite(bool WithValidate) {
         QString message;
         if (!writeRecord(message)) {
             m_connection.rollbackTrans();
+            // Today every refusal brings its own message; the fixed one is for a step that forgets to.
             ShowMessage(message.isEmpty() ? u"Error al actualizar datos"_s : message, MessageInformation);
             return false;
         }
@@ -77,6 +78,9 @@ bool DBTable::writeRecord(QString& message) {
     if (SysRecordFound && periodChanged())
         carryPeriod();
     SysErrorTable = 1;
+    // Only updates and inserts start the count anew: a delete that fails tells the count that stands, by
+    // which the support people know how far the save had come.
+    SysErrorRow = 0;
     writeLines(m_details, LineKind::Producto);
     writeLines(m_montos, LineKind::Monto);
     writeLines(m_precios, LineKind::Precio);
@@ -119,7 +123,6 @@ void DBTable::carryPeriod() {
 
 template<class Line> void DBTable::writeLines(LineCollection<Line>& lines, LineKind kind) {
     Grilla = static_cast<int>(kind);
-    SysErrorRow = 0;
     if (SysRecordFound) {
         renewChangedCodes(lines);
         deleteLines(lines);

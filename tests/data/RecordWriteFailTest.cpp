@@ -59,13 +59,13 @@ TEST_F(RecordWriteFail, AFailingInsertIsToldWithItsLineEmptyOnesCounted) {
     EXPECT_EQ(database.take().back(), u"rollback"_s);
 }
 
-TEST_F(RecordWriteFail, AFailingDeleteIsToldWithoutALine) {
+TEST_F(RecordWriteFail, AFailingDeleteIsToldWithTheCountOfTheKindBefore) {
     table.DetailsAdd(1).setTextValue(1, u"Todos"_s);
     table.MontosRemove(3);
     table.montos(1).Documento = u"BOL"_s;
     plan.atStatement = 3; // header, product insert, amount delete
     EXPECT_FALSE(table.DBWrite());
-    expectTold({{u"Error al grabar registro\n61 - Disco lleno"_s, 16}});
+    expectTold({{u"Error al grabar registro (Línea %1)\n61 - Disco lleno"_s.arg(table.DetailsCount()), 16}});
 }
 
 TEST_F(RecordWriteFail, ADuplicateKeyIsToldInPlainWords) {
