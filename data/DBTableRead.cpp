@@ -79,7 +79,7 @@ bool DBTable::DBRead(int) {
 }
 
 void DBTable::readRecord() {
-    // The key text is the company of the read before this one, so the very first audit text has none.
+    // The key text is the company that the record had before this read.
     m_keyText = m_empresa;
     m_empresa = SysEmpresa;
     if (!readHeader()) {

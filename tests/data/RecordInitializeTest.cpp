@@ -166,3 +166,13 @@ TEST_F(RecordInitialize, TerminatingAuditsTheEnd) {
     table.DBTerminate();
     expectTold({{u"Error al terminar la aplicación\n61 - Disco lleno"_s, 16}});
 }
+
+TEST_F(RecordInitialize, TheFirstReadIsAuditedWithItsCompany) {
+    storeCurrencies();
+    storeLocalCurrency();
+    ASSERT_TRUE(table.DBInitialize());
+    storeHeader();
+    table.setTextValue(2, u"C1"_s);
+    ASSERT_TRUE(table.DBRead());
+    EXPECT_EQ(session.audits.back(), (std::pair<int, QString>{7, u"01:COMISION:C1"_s}));
+}
