@@ -54,7 +54,8 @@ QString withDecimals(QStringView format, int decimals) {
 bool DBTable::DBInitialize() {
     try {
         SysEmpresa = m_session.CompanyCode();
-        // The audit text of a read begins with the company that the record had before it: from the first one on.
+        // The audit text of a read begins with the company that the record had before it: from the first one
+        // on.
         m_empresa = SysEmpresa;
         m_session.Audit(quorvane::AuditStart, QString());
         if (!loadConfiguration()) {

@@ -1,5 +1,6 @@
-// The floor of the start: an empty window of the same toolkit with the same plugins, shown and painted once. With
-// the argument "fonts" the platform plugin has loaded its font database, without which no window shows a word.
+// The floor of the start: an empty window of the same toolkit with the same plugins, shown and painted once.
+// With the argument "fonts" the platform plugin has loaded its font database, without which no window shows a
+// word.
 #include <QApplication>
 #include <QFontMetrics>
 #include <QMainWindow>
