@@ -26,12 +26,18 @@ struct Place {
     }
 };
 
+/// Text from the file between quotes, shortened so that a message box can hold it.
+QString quoted(const QString& text) {
+    constexpr qsizetype longest = 40;
+    return u'«' + (text.size() > longest ? text.left(longest) + u'…' : text) + u'»';
+}
+
 bool yesOrNo(const QString& value, const Place& place) {
     if (value.compare(u"S", Qt::CaseInsensitive) == 0)
         return true;
     if (value.compare(u"N", Qt::CaseInsensitive) == 0)
         return false;
-    place.damaged(QStringLiteral("se esperaba S o N y dice «%1»").arg(value));
+    place.damaged(QStringLiteral("se esperaba S o N y dice ") + quoted(value));
 }
 
 QStringList codes(const QString& value) {
@@ -74,14 +80,14 @@ void setKey(Profile& profile, const QString& section, const QString& name, const
             return;
         }
     }
-    place.damaged(QStringLiteral("clave desconocida «%1» en la sección «%2»").arg(name, section));
+    place.damaged(QStringLiteral("clave desconocida %1 en la sección %2").arg(quoted(name), quoted(section)));
 }
 
 void checkSection(const QString& section, const Place& place) {
     for (const Key& key : keys)
         if (sameName(section, key.section))
             return;
-    place.damaged(QStringLiteral("sección desconocida «%1»").arg(section));
+    place.damaged(QStringLiteral("sección desconocida ") + quoted(section));
 }
 
 QString readText(const QString& path) {
@@ -115,9 +121,9 @@ Profile parse(const QString& text, const QString& path) {
         }
         const qsizetype equals = line.indexOf(u'=');
         if (equals <= 0)
-            place.damaged(QStringLiteral("se esperaba clave=valor y dice «%1»").arg(line.left(40)));
+            place.damaged(QStringLiteral("se esperaba clave=valor y dice ") + quoted(line));
         if (section.isEmpty())
-            place.damaged(QStringLiteral("falta la sección antes de «%1»").arg(line.left(40)));
+            place.damaged(QStringLiteral("falta la sección antes de ") + quoted(line));
         setKey(profile, section, line.left(equals).trimmed(), line.mid(equals + 1).trimmed(), place);
     }
     if (profile.connectString.isEmpty())
