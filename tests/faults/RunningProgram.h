@@ -3,6 +3,8 @@
 #include "app/Installation.h"
 #include "app/Program.h"
 #include "common/ShowMessage.h"
+#include "data/DBTable.h"
+#include "data/SessionContext.h"
 #include "forms/main/frmMain.h"
 #include "tests/faults/TestCompany.h"
 #include <QTemporaryDir>
