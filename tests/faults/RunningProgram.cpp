@@ -78,11 +78,15 @@ void RunningProgram::read(const QString& code) {
     click(u"leer"_s);
 }
 
-void RunningProgram::enterCell(quorvane::XGrid& grid, int row, int column, const QString& text) {
-    bringUp();
+void RunningProgram::showTabOf(const quorvane::XGrid& grid) {
     const auto grids = controls().grids();
     controls().SSTab1->setCurrentIndex(
         static_cast<int>(std::find(grids.begin(), grids.end(), &grid) - grids.begin()));
+}
+
+void RunningProgram::enterCell(quorvane::XGrid& grid, int row, int column, const QString& text) {
+    bringUp();
+    showTabOf(grid);
     grid.setFocus();
     grid.setRow(row);
     grid.setCol(column);

@@ -48,6 +48,7 @@ public:
     void enter(QWidget& control, const QString& text);
     /// Types a code, which with its dates empty reads on the button, and reads its first period.
     void read(const QString& code);
+    void showTabOf(const quorvane::XGrid& grid);
     /// Puts the cursor on a cell, types a text over it and ends with Enter.
     void enterCell(quorvane::XGrid& grid, int row, int column, const QString& text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
