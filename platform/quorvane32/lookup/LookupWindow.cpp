@@ -82,6 +82,10 @@ LookupWindow::LookupWindow(const QueryDefinition& query, Recordset recordset,
 }
 
 LookupWindow::~LookupWindow() {
+    // Table and edits still send events while they end, when there is no header any more to ask.
+    m_table->removeEventFilter(this);
+    for (int column = 0; column < m_header->filterCount(); ++column)
+        m_header->filter(column)->removeEventFilter(this);
     // The table and its model look at the rows, which end before the children do.
     delete m_table;
     delete m_model;
