@@ -111,6 +111,7 @@ TEST_F(Withdrawn, AUserWhoWasRemovedCanDoNothingMoreButClose) {
     program.read(u"C1"_s);
     EXPECT_EQ(told(), mayNotRead);
     EXPECT_EQ(company.contents(), before);
+    program.click(u"limpiar"_s);
     program.form().close();
     expectSilence();
     EXPECT_FALSE(program.context().Table);
