@@ -31,10 +31,10 @@ Program::Program(ProgramParts parts) : m_parts(std::move(parts)) {
 Program::~Program() = default;
 
 bool Program::Form_Initialize(const QString& commandLine) {
-    m_form = std::make_unique<frmMain>(m_context, *this);
+    m_form = std::make_unique<frmMain>(m_context, *this, m_parts.styleFile);
     connect(m_form.get(), &frmMain::unloaded, this, &Program::Form_Unload);
     m_form->setInitializing(true);
-    m_form->Form_Load(m_parts.styleFile);
+    m_form->Form_Load();
     m_context.Version =
         FormateaVersion(m_parts.application.major, m_parts.application.minor, m_parts.application.revision);
     const bool running = initializeApplication(commandLine, true);

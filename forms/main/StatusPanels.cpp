@@ -53,7 +53,6 @@ StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent) {
         addPermanentWidget(panel, design.widest.isEmpty() ? 1 : 0);
         m_panels[i++] = panel;
     }
-    sizePanels();
 }
 
 void StatusPanels::sizePanels() {
@@ -68,8 +67,13 @@ void StatusPanels::sizePanels() {
 
 void StatusPanels::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange && isVisible())
         sizePanels();
+}
+
+void StatusPanels::showEvent(QShowEvent* event) {
+    sizePanels();
+    QStatusBar::showEvent(event);
 }
 
 StatusPanel& StatusPanels::panel(QStringView key) const {

@@ -32,6 +32,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     /// The panels of known content are as wide as that content in the font at hand.

@@ -30,8 +30,9 @@ void resizeIfPositive(QWidget& control, int width, int height) {
 
 } // namespace
 
-frmMain::frmMain(SessionContext& context, FormServices& services)
-    : m_controls(*this)
+frmMain::frmMain(SessionContext& context, FormServices& services, const QString& styleFile)
+    : SkinFramework1(styleFile)
+    , m_controls(*this)
     , m_context(context)
     , m_products(*m_controls.XGrid, LineKind::Producto,
                  {context, services, *m_controls.XGrid, [this] { m_record.showRecord(); }})
@@ -71,14 +72,21 @@ void frmMain::wireCommands() {
     connect(m_controls.timFocus, &QTimer::timeout, this, [this] { m_dispatch.timFocus_Timer(); });
 }
 
-void frmMain::Form_Load(const QString& styleFile) {
+frmMain::LoadedSkin::LoadedSkin(const QString& styleFile) {
+    if (styleFile.isEmpty())
+        return;
     try {
-        SkinFramework1.loadSkin(styleFile, QStringLiteral("LightBlue.ini"));
-    } catch (const quorvane::RunTimeError& error) {
-        ShowMessage(error.description(), MessageWarning);
+        loadSkin(styleFile, QStringLiteral("LightBlue.ini"));
+        setApplyOptions(applyToAllWindows);
+    } catch (const quorvane::RunTimeError& failure) {
+        error = failure.description();
     }
+}
+
+void frmMain::Form_Load() {
+    if (!SkinFramework1.error.isEmpty())
+        ShowMessage(SkinFramework1.error, MessageWarning);
     SkinFramework1.applyWindow(*this);
-    SkinFramework1.setApplyOptions(applyToAllWindows);
 }
 
 void frmMain::tintGrids() {

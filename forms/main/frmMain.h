@@ -17,16 +17,16 @@ class frmMain : public QMainWindow {
 public:
     enum UnloadMode : int { ControlBox = 0, FromCode = 1 };
 
-    frmMain(SessionContext& context, FormServices& services);
+    /// Without a style file the form keeps the toolkit's own look.
+    frmMain(SessionContext& context, FormServices& services, const QString& styleFile = {});
     ~frmMain() override;
 
     MainControls& controls() { return m_controls; }
     RecordCommands& record() { return m_record; }
     HeaderBinding& header() { return m_header; }
 
-    /// Loads the skin from a style file and gives it to the window; a file that cannot be used is told and
-    /// leaves the toolkit's own look.
-    void Form_Load(const QString& styleFile);
+    /// Gives the window its skin; a style file that cannot be used is told and leaves the toolkit's own look.
+    void Form_Load();
     /// While set, the resize rule rests.
     void setInitializing(bool initializing);
     /// Colours that the grids have before they are laid out.
@@ -66,9 +66,15 @@ private:
     void keepLeastSize();
     void placeControls();
 
+    /// The skin, loaded before there is a control: each is then polished once, in its final style.
+    struct LoadedSkin : skin::SkinFramework {
+        explicit LoadedSkin(const QString& styleFile);
+        QString error;
+    };
+
+    LoadedSkin SkinFramework1;
     MainControls m_controls;
     SessionContext& m_context;
-    skin::SkinFramework SkinFramework1;
     DetailGrid m_products;
     DetailGrid m_amounts;
     DetailGrid m_priceLists;

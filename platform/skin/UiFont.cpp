@@ -1,6 +1,7 @@
 #include "platform/skin/UiFont.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -20,8 +21,11 @@ constexpr int sizeInPixels = 12;
 } // namespace
 
 QFont uiFont() {
-    const auto found = std::find_if(families.begin(), families.end(), [](QLatin1StringView family) {
-        return QFontDatabase::hasFamily(family);
+    // The list of families and not hasFamily: that one also asks for aliases, which costs a third of a
+    // millisecond a name at every start.
+    const QStringList installed = QFontDatabase::families();
+    const auto found = std::find_if(families.begin(), families.end(), [&installed](QLatin1StringView family) {
+        return installed.contains(family, Qt::CaseInsensitive);
     });
     QFont font;
     if (found != families.end())
