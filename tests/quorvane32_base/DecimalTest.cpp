@@ -1,6 +1,8 @@
 #include "platform/quorvane32/base/Decimal.h"
 #include "tests/quorvane32_base/ErrorOf.h"
 #include "tests/support/QtPrinters.h"
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -86,6 +88,23 @@ TEST(Decimal, ADoubleTakesAsFewDigitsAsItCan) {
     EXPECT_EQ(text(Decimal::fromDouble(0.1)), u"0.1"_s);
     EXPECT_EQ(text(Decimal::fromDouble(12.34)), u"12.34"_s);
     EXPECT_EQ(text(Decimal::fromDouble(0.1 + 0.2)), u"0.30000000000000004"_s);
+}
+
+TEST(Decimal, FourDecimalsOfALargeAmountAreTheShortestOnes) {
+    EXPECT_EQ(text(Decimal::fromDouble(593668925228.555)), u"593668925228.555"_s);
+    EXPECT_EQ(text(Decimal::fromDouble(618937188642.805).rounded(2)), u"618937188642.8"_s);
+    EXPECT_EQ(text(Decimal::fromDouble(833987652790.695).rounded(2)), u"833987652790.7"_s);
+    std::mt19937_64 random(2); // NOLINT(bugprone-random-generator-seed): the same numbers every run
+    std::uniform_int_distribution<qint64> unscaled(0, 9'999'999'999'999'999);
+    for (int i = 0; i < 200000; ++i) {
+        const double number = static_cast<double>(unscaled(random)) / std::array{1e1, 1e2, 1e3, 1e4}[i % 4];
+        std::array<char, 64> buffer{};
+        const auto end =
+            std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::scientific)
+                .ptr;
+        const auto shortest = Decimal::fromText(QString::fromLatin1(buffer.data(), end - buffer.data()));
+        ASSERT_EQ(text(Decimal::fromDouble(number)), text(shortest));
+    }
 }
 
 TEST(Decimal, ANumberTooLargeForADoubleIsAnOverflow) {

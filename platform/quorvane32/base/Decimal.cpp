@@ -14,6 +14,9 @@ constexpr std::array<double, 23> exactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4
                                                      1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr qint64 largestExactInteger = 1LL << 53;
+/// Below this many ten-thousandths two neighbours with four decimals are never the same double, so one that
+/// reads back as the double is its shortest text. (From 2^39, some 5.5e11, on they are.)
+constexpr double singleTenThousandths = 4e15;
 
 /// Drops trailing zeros behind the decimal point.
 Decimal normalized(qint64 unscaled, int scale) {
@@ -44,7 +47,7 @@ int readExponent(QStringView text) {
 Decimal Decimal::fromDouble(double value) {
     // Nearly every amount has at most four decimals: that case needs no text.
     const double tenThousandths = value * 1e4;
-    if (std::abs(tenThousandths) < 9e15) {
+    if (std::abs(tenThousandths) < singleTenThousandths) {
         const qint64 nearest = std::llround(tenThousandths);
         if (static_cast<double>(nearest) / 1e4 == value)
             return normalized(nearest, 4);
