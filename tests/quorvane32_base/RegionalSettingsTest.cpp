@@ -75,6 +75,21 @@ TEST(RegionalSettings, RefuseATextThatIsNoNumber) {
         EXPECT_EQ(numberError(text), 13) << text.left(20).toStdString();
 }
 
+TEST(RegionalSettings, ReadGroupsOfThousands) {
+    EXPECT_EQ(spanish.parseNumber(u"1.234.567"), 1234567);
+    EXPECT_EQ(spanish.parseNumber(u"-12.345,678"), -12345.678);
+    EXPECT_EQ(spanish.parseNumber(u"123.456e2"), 12345600);
+    EXPECT_EQ(spanish.parseNumber(u"1234,5"), 1234.5);
+}
+
+TEST(RegionalSettings, APointOfTheKeypadIsNeverTakenForAGroup) {
+    for (const QString& text :
+         {u"1.5"_s, u"12..5"_s, u"1.2.3,4"_s, u"1.23"_s, u"1.2345"_s, u"1234.567"_s, u"0.125"_s, u"1."_s,
+          u"1.234."_s, u"1.234.56"_s, u"1.,5"_s, u"1.23,4"_s, u"1.234,567.8"_s, u"1.2e3"_s, u"-.500"_s,
+          u"1.-23"_s, u"1,5.000"_s, u"1e1.000"_s})
+        EXPECT_EQ(numberError(text), 13) << text.toStdString();
+}
+
 TEST(RegionalSettings, ANumberTooLargeIsAnOverflow) {
     EXPECT_EQ(numberError(u"1e400"_s), 6);
     EXPECT_EQ(numberError(QString(400, u'9')), 6);
@@ -82,10 +97,10 @@ TEST(RegionalSettings, ANumberTooLargeIsAnOverflow) {
 
 TEST(RegionalSettings, ReadDates) {
     for (const QString& text :
-         {u"05/03/2006"_s, u"5/3/2006"_s, u"5/3/06"_s, u"5-3-06"_s, u"05.03.2006"_s, u" 5/3-6 "_s})
+         {u"05/03/2006"_s, u"5/3/2006"_s, u"5/3/06"_s, u"5-3-06"_s, u"05.03.2006"_s, u" 5/3-06 "_s})
         EXPECT_EQ(spanish.parseDate(text), Date::fromYmd(2006, 3, 5)) << text.toStdString();
     EXPECT_EQ(spanish.parseDate(u"29/02/2004"), Date::fromYmd(2004, 2, 29));
-    EXPECT_EQ(spanish.parseDate(u"01/01/100"), Date::fromYmd(100, 1, 1));
+    EXPECT_EQ(spanish.parseDate(u"01/01/0100"), Date::fromYmd(100, 1, 1));
 }
 
 TEST(RegionalSettings, PutATwoDigitYearNearToday) {
@@ -96,9 +111,9 @@ TEST(RegionalSettings, PutATwoDigitYearNearToday) {
 }
 
 TEST(RegionalSettings, RefuseATextThatIsNoDate) {
-    for (const QString& text :
-         {u""_s, u"hoy"_s, u"31/02/2006"_s, u"29/02/2005"_s, u"32/01/2006"_s, u"01/13/2006"_s,
-          u"00/01/2006"_s, u"1/1"_s, u"1/1/2006/1"_s, u"1/1/10000"_s, u"1//2006"_s, u"/1/2006"_s,
-          u"001/1/2006"_s, u"1/1/0099"_s, u"1/1/2006x"_s, QString(10000, u'1')})
+    for (const QString& text : {u""_s, u"hoy"_s, u"31/02/2006"_s, u"29/02/2005"_s, u"32/01/2006"_s,
+                                u"01/13/2006"_s, u"00/01/2006"_s, u"1/1"_s, u"1/1/2006/1"_s, u"1/1/10000"_s,
+                                u"1//2006"_s, u"/1/2006"_s, u"001/1/2006"_s, u"1/1/0099"_s, u"01/01/206"_s,
+                                u"01/01/100"_s, u"1/1/6"_s, u"1/1/2006x"_s, QString(10000, u'1')})
         EXPECT_EQ(dateError(text), 13) << text.left(20).toStdString();
 }

@@ -89,7 +89,7 @@ TEST_F(XDateTest, OwnerMayPutTheOldTextBackWhileRefusing) {
     EXPECT_EQ(date->text(), QStringLiteral("01/01/2006"));
     QApplication::setActiveWindow(&window);
     told.clear();
-    enter(QStringLiteral("1/1/6"));
+    enter(QStringLiteral("1/1/06"));
     EXPECT_EQ(date->text(), QStringLiteral("01/01/2006"));
     EXPECT_TRUE(told.isEmpty()) << "the text is what it was";
 }

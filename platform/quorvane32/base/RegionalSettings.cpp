@@ -16,8 +16,33 @@ bool isDigit(QChar c) {
 constexpr qsizetype longestNumber = 400;
 constexpr qsizetype longestDate = 32;
 
+/// True when the digits before the decimal separator are not grouped at all, or in threes behind a first
+/// group of one to three that begins with no zero. A point typed on the keypad for a decimal separator
+/// ("1.5", "0.125") would otherwise be dropped and the number stored many times too large.
+bool isGroupedWell(QStringView text, const RegionalSettings& regional) {
+    qsizetype sinceSeparator = 0;
+    bool grouped = false;
+    bool leadingZero = false;
+    for (const QChar c : text) {
+        if (isDigit(c)) {
+            leadingZero = leadingZero || (!grouped && sinceSeparator == 0 && c == u'0');
+            ++sinceSeparator;
+        } else if (c == regional.groupSeparator) {
+            if (grouped ? sinceSeparator != 3 : (sinceSeparator == 0 || sinceSeparator > 3 || leadingZero))
+                return false;
+            grouped = true;
+            sinceSeparator = 0;
+        } else if (c == regional.decimalSeparator || c.toLower() == u'e') {
+            break;
+        }
+    }
+    return !grouped || sinceSeparator == 3;
+}
+
 /// The number in plain form ("." as decimal point, no grouping); error 13 when the text is no number.
 QString plainNumber(QStringView text, const RegionalSettings& regional) {
+    if (!isGroupedWell(text, regional))
+        raise(ErrorTypeMismatch);
     QString plain;
     bool decimals = false;
     bool exponent = false;
@@ -92,7 +117,9 @@ Date RegionalSettings::parseDate(QStringView text) const {
             raise(ErrorTypeMismatch);
         }
     }
-    if (part != 2 || digits[2] == 0 || digits[0] > 2 || digits[1] > 2)
+    // A year of one or three digits is a slip of the finger, not a date of long ago.
+    const bool yearIsWhole = digits[2] == 2 || digits[2] == 4;
+    if (part != 2 || !yearIsWhole || digits[0] > 2 || digits[1] > 2)
         raise(ErrorTypeMismatch);
     const QDate date(fullYear(parts[2], digits[2]), parts[1], parts[0]);
     if (!date.isValid() || date.year() < 100)

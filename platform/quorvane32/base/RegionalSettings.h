@@ -19,11 +19,12 @@ struct RegionalSettings {
     /// "05/03/2006", or "" for the empty date.
     QString dateText(const Date& date) const;
 
-    /// Reads a number as entered: blanks around it, a sign, group separators before the decimal separator,
-    /// an exponent. Error 13 when the text is no number, 6 when it is too large.
+    /// Reads a number as entered: blanks around it, a sign, group separators in threes before the decimal
+    /// separator ("1.234,5", never "1.5"), an exponent. Error 13 when the text is no number, 6 when it is too
+    /// large.
     double parseNumber(QStringView text) const;
-    /// Reads day, month and year in this order, separated by "/", "-" or ".", with an optional two-digit year
-    /// (00-29 is 2000-2029, 30-99 is 1930-1999). Error 13 when the text is no date of 0100 to 9999.
+    /// Reads day, month and year in this order, separated by "/", "-" or ".", the year with four digits or
+    /// two (00-29 is 2000-2029, 30-99 is 1930-1999). Error 13 when the text is no date of 0100 to 9999.
     Date parseDate(QStringView text) const;
 };
 
