@@ -30,6 +30,11 @@ TEST(RunTimeError, IsRaisedWithItsStandardDescription) {
     EXPECT_EQ(standardText(9), u"Subíndice fuera del intervalo"_s);
     EXPECT_EQ(standardText(13), u"No coinciden los tipos"_s);
     EXPECT_EQ(standardText(94), u"Uso no válido de Null"_s);
+    EXPECT_EQ(standardText(quorvane::ErrorNoCurrentRecord),
+              u"El valor de BOF o EOF es True, o el registro actual se eliminó; la operación solicitada "
+              u"requiere un registro actual"_s);
+    EXPECT_EQ(standardText(quorvane::ErrorObjectClosed),
+              u"La operación solicitada no está permitida si el objeto está cerrado"_s);
 }
 
 TEST(RunTimeError, AnUnknownNumberHasAGeneralDescription) {

@@ -63,7 +63,7 @@ TEST(DateLiterals, IsoForms) {
             isoDate(wrong);
             ADD_FAILURE() << wrong;
         } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), 241);
+            EXPECT_EQ(error.number(), ErrorDateLiteral);
         }
     }
 }

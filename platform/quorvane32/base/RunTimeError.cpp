@@ -2,29 +2,35 @@
 
 namespace quorvane {
 
+namespace {
+
+struct Description {
+    int number;
+    const char16_t* text;
+};
+
+constexpr Description descriptions[] = {
+    {ErrorInvalidCall, u"Llamada a procedimiento o argumento no válidos"},
+    {ErrorOverflow, u"Desbordamiento"},
+    {ErrorSubscript, u"Subíndice fuera del intervalo"},
+    {ErrorTypeMismatch, u"No coinciden los tipos"},
+    {ErrorFileNotFound, u"No se encontró el archivo"},
+    {ErrorObjectNotSet, u"Variable de objeto no establecida"},
+    {ErrorInvalidNull, u"Uso no válido de Null"},
+    {ErrorNoCurrentRecord, u"El valor de BOF o EOF es True, o el registro actual se eliminó; la operación "
+                           u"solicitada requiere un registro actual"},
+    {ErrorItemNotFound, u"No se encontró el elemento en la colección que corresponde con el nombre o el "
+                        u"ordinal pedido"},
+    {ErrorObjectClosed, u"La operación solicitada no está permitida si el objeto está cerrado"},
+};
+
+} // namespace
+
 void raise(int number) {
-    switch (number) {
-    case ErrorInvalidCall:
-        throw RunTimeError(number, QStringLiteral("Llamada a procedimiento o argumento no válidos"));
-    case ErrorOverflow:
-        throw RunTimeError(number, QStringLiteral("Desbordamiento"));
-    case ErrorSubscript:
-        throw RunTimeError(number, QStringLiteral("Subíndice fuera del intervalo"));
-    case ErrorTypeMismatch:
-        throw RunTimeError(number, QStringLiteral("No coinciden los tipos"));
-    case ErrorFileNotFound:
-        throw RunTimeError(number, QStringLiteral("No se encontró el archivo"));
-    case ErrorObjectNotSet:
-        throw RunTimeError(number, QStringLiteral("Variable de objeto no establecida"));
-    case ErrorInvalidNull:
-        throw RunTimeError(number, QStringLiteral("Uso no válido de Null"));
-    case ErrorItemNotFound:
-        throw RunTimeError(number,
-                           QStringLiteral("No se encontró el elemento en la colección que corresponde "
-                                          "con el nombre o el ordinal pedido"));
-    default:
-        throw RunTimeError(number, QStringLiteral("Error definido por la aplicación o el objeto"));
-    }
+    for (const Description& description : descriptions)
+        if (description.number == number)
+            throw RunTimeError(number, QString::fromUtf16(description.text));
+    throw RunTimeError(number, QStringLiteral("Error definido por la aplicación o el objeto"));
 }
 
 } // namespace quorvane

@@ -156,7 +156,8 @@ QString isoDate(const QString& text) {
     try {
         return RegionalSettings().parseDate(text).toQDate().toString(Qt::ISODate);
     } catch (const RunTimeError&) {
-        throw RunTimeError(241, QStringLiteral("'%1' no es una fecha que la base de datos acepte").arg(text));
+        throw RunTimeError(ErrorDateLiteral,
+                           QStringLiteral("'%1' no es una fecha que la base de datos acepte").arg(text));
     }
 }
 
