@@ -21,6 +21,20 @@ TEST(ConnectString, ValueInBracesMayHoldSeparators) {
     EXPECT_EQ(again.value("password"), "{x");
 }
 
+TEST(ConnectString, BlanksAroundAValueInBracesAreNotOfIt) {
+    EXPECT_EQ(ConnectString::parse(QStringLiteral("Password = { a;b } ; Port=7")).value("password"), " a;b ");
+    EXPECT_EQ(ConnectString::parse(QStringLiteral("Password = { a;b } ; Port=7")).value("port"), "7");
+}
+
+TEST(ConnectString, AValueWithOuterBlanksComesBackWhole) {
+    ConnectString options;
+    options.setValue("Password", " x ");
+    options.setValue("Database", "plain}");
+    const auto again = ConnectString::parse(options.toString());
+    EXPECT_EQ(again.value("password"), " x ");
+    EXPECT_EQ(again.value("database"), "plain}");
+}
+
 TEST(ConnectString, RubbishGivesNoValues) {
     EXPECT_EQ(ConnectString::parse(QStringLiteral("no pairs here")).toString(), "");
     EXPECT_EQ(ConnectString::parse(QStringLiteral("a={unclosed")).value("a"), "unclosed");

@@ -7,6 +7,8 @@ namespace {
 /// The value that starts at `from`, which is moved behind the ";" that ends it.
 QString takeValue(const QString& text, qsizetype& from) {
     QString value;
+    while (from < text.size() && text[from].isSpace())
+        ++from;
     if (from < text.size() && text[from] == u'{') {
         ++from;
         while (from < text.size()) {
@@ -55,7 +57,7 @@ QString ConnectString::toString() const {
     QString text;
     for (auto pair = m_values.begin(); pair != m_values.end(); ++pair) {
         QString value = pair.value();
-        if (value.contains(u';') || value.startsWith(u'{'))
+        if (value.contains(u';') || value.startsWith(u'{') || value != value.trimmed())
             value = u'{' + value.replace(QStringLiteral("}"), QStringLiteral("}}")) + u'}';
         text += pair.key() + u'=' + value + u';';
     }

@@ -5,9 +5,9 @@
 
 namespace quorvane {
 
-/// A connect string: pairs key=value separated by ";", keys compared without regard to case. A value that
-/// holds
-/// ";" stands in braces, where "}" is doubled.
+/// A connect string: pairs key=value separated by ";", keys compared without regard to case. Blanks
+/// around keys and values do not count. A value that holds ";" or begins or ends with a blank stands in
+/// braces, where "}" is doubled.
 class ConnectString {
 public:
     static ConnectString parse(const QString& text);
