@@ -10,6 +10,7 @@ namespace {
 /// What the engines of a test have been asked, and how they shall fail.
 struct Script {
     int opened = 0;
+    int alive = 0;
     QStringList calls;
     int failWith = 0;
 
@@ -33,7 +34,13 @@ struct ScriptedCursor final : Cursor {
 };
 
 struct ScriptedEngine final : Engine {
-    explicit ScriptedEngine(Script& s) : script(s) { ++script.opened; }
+    explicit ScriptedEngine(Script& s) : script(s) {
+        ++script.opened;
+        ++script.alive;
+    }
+    ScriptedEngine(const ScriptedEngine&) = delete;
+    ScriptedEngine& operator=(const ScriptedEngine&) = delete;
+    ~ScriptedEngine() override { --script.alive; }
     std::unique_ptr<Cursor> select(const QString& sql) override {
         script.call(sql);
         return std::make_unique<ScriptedCursor>(script);
@@ -115,4 +122,41 @@ TEST_F(ConnectionTest, AFailedCommitLeavesTheTransactionToBeRolledBack) {
     connection.rollbackTrans();
     EXPECT_FALSE(connection.inTransaction());
     EXPECT_EQ(script.calls.last(), "rollback");
+}
+
+TEST_F(ConnectionTest, RollingBackALostTransactionGivesTheEngineUpAtOnce) {
+    connection.beginTrans();
+    script.failWith = ErrorConnectionLost;
+    EXPECT_EQ(errorOf([&] { connection.execute("a"); }), ErrorConnectionLost);
+    connection.rollbackTrans();
+    EXPECT_EQ(script.alive, 0);
+    EXPECT_FALSE(script.calls.contains("rollback"));
+    script.failWith = 0;
+    connection.beginTrans();
+    EXPECT_EQ(script.opened, 2);
+}
+
+TEST_F(ConnectionTest, AnEngineThatCannotRollBackIsGivenUpAtOnce) {
+    connection.beginTrans();
+    script.failWith = ErrorDiskFull;
+    connection.rollbackTrans();
+    EXPECT_EQ(script.alive, 0);
+    script.failWith = 0;
+    EXPECT_EQ(connection.execute("a"), 3);
+    EXPECT_EQ(script.opened, 2);
+}
+
+TEST_F(ConnectionTest, AResultOfAFormerEngineDoesNotGiveUpTheNewOne) {
+    Recordset old = connection.openRecordset("SELECT 1");
+    script.failWith = ErrorConnectionLost;
+    EXPECT_EQ(errorOf([&] { connection.execute("a"); }), ErrorConnectionLost);
+    script.failWith = 0;
+    connection.beginTrans();
+    script.failWith = ErrorConnectionLost;
+    EXPECT_EQ(errorOf([&] { old.moveNext(); }), ErrorConnectionLost);
+    EXPECT_EQ(connection.errors().back().number, ErrorConnectionLost);
+    script.failWith = 0;
+    EXPECT_EQ(connection.execute("b"), 3);
+    connection.commitTrans();
+    EXPECT_EQ(script.opened, 2);
 }

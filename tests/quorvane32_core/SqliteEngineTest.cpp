@@ -1,6 +1,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "tests/support/FailEngine.h"
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -161,4 +162,26 @@ TEST_F(SqliteEngineTest, CompiledCommandSurvivesAChangeOfTheTable) {
     connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
     connection.execute("ALTER TABLE t ADD COLUMN Nuevo TEXT");
     EXPECT_EQ(connection.execute("INSERT INTO t (Codigo) VALUES ('b')"), 1);
+}
+
+TEST_F(SqliteEngineTest, ATransactionThatCannotBeRolledBackFreesItsLockAtOnce) {
+    for (const bool lostOnStatement : {true, false}) {
+        dalvora::test::FailPlan plan;
+        plan.atStatement = lostOnStatement ? 3 : 0;
+        plan.onRollback = true;
+        plan.error = RunTimeError(ErrorConnectionLost, "perdida");
+        Connection failing([&](const QString& text) {
+            return std::make_unique<dalvora::test::FailEngine>(openEngine(text), plan);
+        });
+        failing.open(connectString());
+        failing.beginTrans();
+        failing.execute("INSERT INTO t (Codigo) VALUES ('a'), ('b')");
+        const Recordset rows = failing.openRecordset("SELECT Codigo FROM t"); // keeps the file open
+        EXPECT_EQ(errorOf([&] { failing.execute("DELETE FROM t"); }),
+                  lostOnStatement ? ErrorConnectionLost : 0);
+        failing.rollbackTrans();
+        EXPECT_EQ(errorOf([&] { connection.beginTrans(); }), 0);
+        EXPECT_TRUE(connection.openRecordset("SELECT 1 FROM t").eof());
+        connection.rollbackTrans();
+    }
 }

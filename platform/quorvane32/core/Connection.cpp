@@ -38,11 +38,12 @@ void Connection::open(const QString& connectString) {
     try {
         m_engine = m_opener(connectString);
     } catch (const RunTimeError& error) {
-        note(error);
+        note(error, m_generation);
         throw;
     }
     m_connectString = connectString;
     m_lost = false;
+    ++m_generation;
 }
 
 void Connection::close() {
@@ -63,13 +64,15 @@ Engine& Connection::engine() {
     m_engine.reset();
     m_engine = m_opener(m_connectString);
     m_lost = false;
+    ++m_generation;
     return *m_engine;
 }
 
-void Connection::note(const RunTimeError& error) {
+void Connection::note(const RunTimeError& error, int generation) {
     m_errors.push_back({error.number(), error.description()});
-    // The engine may be in the middle of a call: the next command replaces it.
-    if (error.number() == ErrorConnectionLost)
+    // The engine may be in the middle of a call: the next command replaces it. A result of an engine that is
+    // replaced already says nothing about the present one.
+    if (error.number() == ErrorConnectionLost && generation == m_generation)
         m_lost = true;
 }
 
@@ -78,7 +81,7 @@ template<class Operation> auto Connection::guarded(Operation&& operation) {
     try {
         return operation(engine());
     } catch (const RunTimeError& error) {
-        note(error);
+        note(error, m_generation);
         throw;
     }
 }
@@ -87,8 +90,10 @@ Recordset Connection::openRecordset(const QString& sql) {
     if (m_observer)
         m_observer(sql);
     auto cursor = guarded([&](Engine& engine) { return engine.select(sql); });
-    return Recordset(std::make_unique<ReportingCursor>(std::move(cursor),
-                                                       [this](const RunTimeError& error) { note(error); }));
+    const auto report = [this, generation = m_generation](const RunTimeError& error) {
+        note(error, generation);
+    };
+    return Recordset(std::make_unique<ReportingCursor>(std::move(cursor), report));
 }
 
 qint64 Connection::execute(const QString& sql) {
@@ -122,6 +127,9 @@ void Connection::rollbackTrans() noexcept {
             m_lost = true;
         }
     }
+    // Its open transaction would keep other programs from writing until the next command here.
+    if (m_lost)
+        m_engine.reset();
     m_inTransaction = false;
 }
 

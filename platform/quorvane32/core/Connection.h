@@ -42,7 +42,8 @@ public:
     /// Transactions do not nest: a second beginTrans is error 5.
     void beginTrans();
     void commitTrans();
-    /// Never raises: what cannot be rolled back has not been stored.
+    /// Never raises: what cannot be rolled back has not been stored. A lost engine is released at once, with
+    /// its locks.
     void rollbackTrans() noexcept;
     bool inTransaction() const { return m_inTransaction; }
 
@@ -54,7 +55,8 @@ public:
 private:
     /// The open engine; a lost one is opened anew first.
     Engine& engine();
-    void note(const RunTimeError& error);
+    /// Keeps an error of the engine of a generation; a loss concerns the present one only.
+    void note(const RunTimeError& error, int generation);
     template<class Operation> auto guarded(Operation&& operation);
 
     EngineOpener m_opener;
@@ -63,6 +65,7 @@ private:
     std::unique_ptr<Engine> m_engine;
     std::vector<NativeError> m_errors;
     qint64 m_affectedRows = 0;
+    int m_generation = 0; ///< counts the engines opened
     bool m_inTransaction = false;
     bool m_lost = false;
 };

@@ -38,6 +38,12 @@ DateColumns readDateColumns(sqlite3* database) {
 SqliteEngine::SqliteEngine(const QString& path, int timeout)
     : m_database(open(path, Access::ReadWrite, timeout)), m_dialect(readDateColumns(m_database.get())) {}
 
+SqliteEngine::~SqliteEngine() {
+    // A result still open keeps the file open as well: an unfinished transaction shall not live on with it.
+    if (!sqlite3_get_autocommit(m_database.get()))
+        sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
 void SqliteEngine::useWriteAheadLog() {
     // A file that cannot be written stays as it is: the statement that follows tells why.
     if (!m_writesAhead)

@@ -13,6 +13,9 @@ namespace quorvane::sqlite {
 class SqliteEngine final : public Engine {
 public:
     SqliteEngine(const QString& path, int timeout);
+    SqliteEngine(const SqliteEngine&) = delete;
+    SqliteEngine& operator=(const SqliteEngine&) = delete;
+    ~SqliteEngine() override;
 
     std::unique_ptr<Cursor> select(const QString& sql) override;
     qint64 execute(const QString& sql) override;
