@@ -36,6 +36,8 @@ public:
             return quoted(from, u'\'', SqlToken::String);
         if (c == u'"')
             return quoted(from, u'"', SqlToken::QuotedName);
+        if (c == u'`')
+            return quoted(from, u'`', SqlToken::QuotedName);
         if (c == u'[')
             return quoted(from, u']', SqlToken::QuotedName);
         if (startsWord(c))
@@ -126,6 +128,9 @@ void requireOneStatement(QStringView sql, const std::vector<SqlToken>& tokens) {
     for (const SqlToken& token : tokens) {
         if (token.open)
             refuse(QStringLiteral("La instrucción tiene un texto o comentario sin cerrar"));
+        // An engine's compiler stops at a NUL: a DELETE would run without the condition behind it.
+        if (token.kind != SqlToken::String && token.text(sql).contains(QChar(u'\0')))
+            refuse(QStringLiteral("La instrucción tiene un carácter nulo fuera de sus textos"));
         if (!token.significant())
             continue;
         if (token.text(sql) == u";") {

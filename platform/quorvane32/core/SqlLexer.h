@@ -28,8 +28,8 @@ void tokenize(QStringView sql, std::vector<SqlToken>& tokens);
 /// What a text literal stands for: without its quotes, doubled quotes made single.
 QString literalText(QStringView literal);
 
-/// Error 3705 unless the tokens are exactly one statement, and for a query one SELECT that stores nothing
-/// (no INTO). A trailing ";" is allowed.
+/// Error 3705 unless the tokens are exactly one statement with no NUL outside its texts, and for a query one
+/// SELECT that stores nothing (no INTO). A trailing ";" is allowed.
 void requireOneStatement(QStringView sql, const std::vector<SqlToken>& tokens);
 void requireOneSelect(QStringView sql, const std::vector<SqlToken>& tokens);
 
