@@ -30,6 +30,43 @@ TEST(SqliteDialect, RewritesIsnullAndTop) {
     EXPECT_EQ(query("SELECT top FROM t;"), "SELECT top FROM t;");
 }
 
+TEST(SqliteDialect, TopStandsBehindDistinctAndAll) {
+    EXPECT_EQ(query("SELECT DISTINCT TOP 5 a FROM t"), "SELECT DISTINCT  a FROM t LIMIT 5");
+    EXPECT_EQ(query("SELECT ALL TOP (5) a FROM t"), "SELECT ALL  a FROM t LIMIT 5");
+    EXPECT_EQ(query("SELECT a, TOP 5 FROM t"), "SELECT a, TOP 5 FROM t");
+}
+
+TEST(SqliteDialect, TheLimitNeverEndsUpInAComment) {
+    EXPECT_EQ(query("SELECT TOP 5 a FROM t -- nota"), "SELECT  a FROM t -- nota\nLIMIT 5");
+    EXPECT_EQ(query("SELECT TOP 5 a FROM t -- nota\n;"), "SELECT  a FROM t -- nota\n LIMIT 5;");
+    EXPECT_EQ(query("SELECT TOP 5 a FROM t /* nota */"), "SELECT  a FROM t /* nota */ LIMIT 5");
+}
+
+TEST(SqliteDialect, TheNumberOfATopStaysInTheShape) {
+    SqliteDialect dialect(columns());
+    const QString sql = "INSERT INTO Comisiones (FechaInicio) SELECT TOP 5 FechaInicio FROM Comisiones "
+                        "WHERE FechaInicio > '05/03/2006' and 7 < (SELECT DISTINCT TOP (2) a FROM t)";
+    const auto command = dialect.split(sql);
+    EXPECT_EQ(command.shape, "INSERT INTO Comisiones (FechaInicio) SELECT TOP 5 FechaInicio FROM Comisiones "
+                             "WHERE FechaInicio > ? and ? < (SELECT DISTINCT TOP (2) a FROM t)");
+    EXPECT_EQ(command.literals.size(), 2U);
+    EXPECT_EQ(dialect.dateLiterals(sql), (std::vector<bool>{true, false}));
+    EXPECT_EQ(dialect.adaptShape(command.shape),
+              "INSERT INTO Comisiones (FechaInicio) SELECT  FechaInicio FROM Comisiones "
+              "WHERE FechaInicio > ? and ? < (SELECT DISTINCT  a FROM t LIMIT 2) LIMIT 5");
+}
+
+TEST(SqliteDialect, EveryWritingCommandIsBound) {
+    SqliteDialect dialect(columns());
+    for (const char* sql : {"WITH x AS (SELECT 1) UPDATE Comisiones SET FechaInicio = '05/03/2006'",
+                            "WITH x AS (SELECT 1) DELETE FROM Comisiones WHERE FechaInicio = '05/03/2006'",
+                            "REPLACE INTO Comisiones (FechaInicio) VALUES ('05/03/2006')"}) {
+        EXPECT_TRUE(dialect.split(sql).bound) << sql;
+        EXPECT_TRUE(dialect.dateLiterals(sql).back()) << sql;
+    }
+    EXPECT_FALSE(dialect.split("CREATE TABLE x (a TEXT DEFAULT 'b')").bound);
+}
+
 TEST(SqliteDialect, DatesOfAQueryBecomeIso) {
     EXPECT_EQ(query("SELECT * FROM Comisiones WHERE FechaInicio <= '05/03/2006' and Codigo = '05/03/2006'"),
               "SELECT * FROM Comisiones WHERE FechaInicio <= '2006-03-05' and Codigo = '05/03/2006'");

@@ -22,7 +22,7 @@ public:
     }
 
     void run() {
-        const bool insert = isWord(text(0), u"insert");
+        const bool insert = isWord(text(0), u"insert") || isWord(text(0), u"replace");
         for (std::size_t i = 0; i < m_significant.size(); ++i) {
             if (token(i).kind == SqlToken::String)
                 token(i).dateLiteral = standsAgainstDate(i);

@@ -1,4 +1,5 @@
 #include "platform/quorvane32/core/sqlite/SqliteDialect.h"
+#include <algorithm>
 
 namespace quorvane::sqlite {
 
@@ -9,15 +10,49 @@ bool isWord(QStringView text, QStringView word) {
 }
 
 bool isBoundCommand(QStringView sql, const std::vector<SqlToken>& tokens) {
-    for (const SqlToken& token : tokens)
-        if (token.significant())
-            return isWord(token.text(sql), u"insert") || isWord(token.text(sql), u"update") ||
-                   isWord(token.text(sql), u"delete");
-    return false;
+    constexpr QStringView commands[] = {u"insert", u"update", u"delete", u"replace", u"with"};
+    const auto first = std::ranges::find_if(tokens, &SqlToken::significant);
+    return first != tokens.end() &&
+           std::ranges::any_of(commands, [&](QStringView word) { return isWord(first->text(sql), word); });
 }
 
-bool isLiteral(const SqlToken& token) {
-    return token.kind == SqlToken::String || token.kind == SqlToken::Number;
+/// Follows the significant tokens of a statement and tells where SELECT [DISTINCT | ALL] TOP n or TOP ( n )
+/// stands.
+class SelectHead {
+public:
+    void read(const SqlToken& token, QStringView text) {
+        if ((m_place == Top || m_place == TopParenthesis) && token.kind == SqlToken::Number)
+            m_place = Count;
+        else if (m_place == Top && text == u"(")
+            m_place = TopParenthesis;
+        else if (token.kind != SqlToken::Word)
+            m_place = Elsewhere;
+        else if (m_place == Select && isWord(text, u"top"))
+            m_place = Top;
+        else if (isWord(text, u"select") ||
+                 (m_place == Select && (isWord(text, u"distinct") || isWord(text, u"all"))))
+            m_place = Select;
+        else
+            m_place = Elsewhere;
+    }
+    bool atTop() const { return m_place == Top; }
+    bool atCount() const { return m_place == Count; }
+
+private:
+    enum Place : quint8 { Elsewhere, Select, Top, TopParenthesis, Count };
+    Place m_place = Elsewhere;
+};
+
+/// Calls `take` for every token and tells it whether the token is a literal to be bound. The number of a TOP
+/// is none: the dialect moves it.
+template<class Take> void forEachToken(QStringView sql, const std::vector<SqlToken>& tokens, Take take) {
+    SelectHead head;
+    for (const SqlToken& token : tokens) {
+        if (token.significant())
+            head.read(token, token.text(sql));
+        const bool number = token.kind == SqlToken::Number && !head.atCount();
+        take(token, number || token.kind == SqlToken::String);
+    }
 }
 
 /// Writes a statement's tokens anew, with what SQLite spells otherwise. TOP n is remembered until the SELECT
@@ -32,18 +67,17 @@ public:
         for (std::size_t i = 0; i < m_tokens.size(); ++i) {
             const SqlToken& token = m_tokens[i];
             const QStringView text = token.text(m_sql);
+            if (token.significant())
+                m_head.read(token, text);
             if (token.kind == SqlToken::String) {
                 writeLiteral(m_out, token);
-            } else if (token.kind == SqlToken::Word && isWord(text, u"top") &&
-                       isWord(m_lastWord, u"select")) {
+            } else if (token.significant() && m_head.atTop()) {
                 i = takeTop(i);
             } else if (token.kind == SqlToken::Word && isWord(text, u"isnull") && nextIs(i, u"(")) {
                 m_out += u"ifnull";
             } else {
                 writePlain(token, text);
             }
-            if (token.significant())
-                m_lastWord = text;
         }
         writeLimit();
         return m_out;
@@ -68,6 +102,10 @@ private:
         if (text == u")" || (text == u";" && token.kind == SqlToken::Symbol))
             writeLimit();
         m_out += text;
+        if (token.kind == SqlToken::Comment)
+            m_inLineComment = text.startsWith(u"--");
+        else if (token.kind == SqlToken::Blank)
+            m_inLineComment = m_inLineComment && !text.contains(u'\n');
     }
 
     /// TOP n or TOP ( n ): drops it from the text and keeps n.
@@ -88,7 +126,7 @@ private:
         if (m_limits.empty())
             return;
         if (!m_limits.back().isEmpty())
-            m_out += QLatin1String(" LIMIT ") + m_limits.back();
+            m_out += QLatin1String(m_inLineComment ? "\nLIMIT " : " LIMIT ") + m_limits.back();
         m_limits.back().clear();
         if (m_limits.size() > 1)
             m_limits.pop_back();
@@ -97,8 +135,9 @@ private:
     QStringView m_sql;
     const std::vector<SqlToken>& m_tokens;
     QString m_out;
-    QStringView m_lastWord;
+    SelectHead m_head;
     std::vector<QString> m_limits;
+    bool m_inLineComment = false;
 };
 
 } // namespace
@@ -113,14 +152,14 @@ SqliteDialect::Command SqliteDialect::split(const QString& sql) {
         return command;
     }
     command.shape.reserve(sql.size());
-    for (const SqlToken& token : m_tokens) {
-        if (isLiteral(token)) {
+    forEachToken(sql, m_tokens, [&](const SqlToken& token, bool isLiteral) {
+        if (isLiteral) {
             command.shape += u'?';
             command.literals.push_back(token);
         } else {
             command.shape += token.text(sql);
         }
-    }
+    });
     return command;
 }
 
@@ -128,9 +167,10 @@ std::vector<bool> SqliteDialect::dateLiterals(const QString& sql) {
     tokenize(sql, m_tokens);
     markDateLiterals(sql, m_tokens, m_columns);
     std::vector<bool> dates;
-    for (const SqlToken& token : m_tokens)
-        if (isLiteral(token))
+    forEachToken(sql, m_tokens, [&](const SqlToken& token, bool isLiteral) {
+        if (isLiteral)
             dates.push_back(token.dateLiteral);
+    });
     return dates;
 }
 

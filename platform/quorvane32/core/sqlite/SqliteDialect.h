@@ -13,14 +13,15 @@ using Parameter = std::variant<qint64, double, QByteArray>;
 /// The ERP server's SQL as SQLite reads it: TOP n becomes LIMIT, isnull() becomes ifnull(), and literals
 /// against date columns become ISO dates.
 ///
-/// The literals of INSERT, UPDATE and DELETE are taken out and bound: a save sends the same few statements
-/// with other values, so each is compiled once and found again by its shape (the text with "?" for every
-/// literal).
+/// The literals of INSERT, REPLACE, UPDATE and DELETE, also behind WITH, are taken out and bound: a save
+/// sends the same few statements with other values, so each is compiled once and found again by its shape
+/// (the text with "?" for every literal).
 class SqliteDialect {
 public:
     explicit SqliteDialect(DateColumns columns) : m_columns(std::move(columns)) {}
 
-    /// Shape and literals of a writing statement; empty `bound` statements (schema, pragmas) keep theirs.
+    /// A command taken apart. Only writing commands are: `bound` is false for the others (schema, pragmas),
+    /// whose shape is their whole text and whose literals stay in it.
     struct Command {
         QString shape;
         bool bound = false;
