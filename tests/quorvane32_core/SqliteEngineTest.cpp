@@ -185,3 +185,64 @@ TEST_F(SqliteEngineTest, ATransactionThatCannotBeRolledBackFreesItsLockAtOnce) {
         connection.rollbackTrans();
     }
 }
+
+TEST_F(SqliteEngineTest, AnUnfilledParameterIsAnErrorNeverWrongData) {
+    connection.execute("INSERT INTO t (Codigo, Veces) VALUES ('a', 1)");
+    for (const char* command :
+         {"UPDATE t SET Codigo = ?, Veces = 2", "UPDATE t SET Codigo = $Codigo$, Veces = 2",
+          "INSERT INTO t (Codigo, Valor) VALUES ('b', @Valor)", "DELETE FROM t WHERE Veces = :veces",
+          "WITH x AS (SELECT 1) DELETE FROM t WHERE Codigo <> ?"})
+        EXPECT_EQ(errorOf([&] { connection.execute(command); }), ErrorRefusedStatement) << command;
+    EXPECT_NE(errorOf([&] { connection.execute("UPDATE t SET Codigo = ?1"); }), 0);
+    for (const char* query : {"SELECT 1 WHERE 1 = $x$ or 1 = 1", "SELECT ?", "SELECT ?, 'a'"})
+        EXPECT_EQ(errorOf([&] { connection.openRecordset(query); }), ErrorRefusedStatement) << query;
+    EXPECT_EQ(connection.openRecordset("SELECT Codigo FROM t WHERE Veces = 1").value(0).toText({}), "a");
+    EXPECT_EQ(errorOf([&] { connection.execute("UPDATE t SET Codigo = $Codigo$"); }), ErrorRefusedStatement);
+    EXPECT_TRUE(connection.errors().back().text.contains("$Codigo$"))
+        << connection.errors().back().text.toStdString();
+}
+
+TEST_F(SqliteEngineTest, AShapeAlreadyCompiledRefusesAnUnfilledParameterToo) {
+    EXPECT_EQ(connection.execute("INSERT INTO t (Codigo, Veces) VALUES ('a', 1)"), 1);
+    EXPECT_EQ(errorOf([&] { connection.execute("INSERT INTO t (Codigo, Veces) VALUES (?, 2)"); }),
+              ErrorRefusedStatement);
+    EXPECT_EQ(connection.execute("INSERT INTO t (Codigo, Veces) VALUES ('b', 2)"), 1);
+}
+
+TEST_F(SqliteEngineTest, AStatementWithANulOutsideItsTextsDoesNotRun) {
+    connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
+    const QString cut = u"DELETE FROM t "_qs + QChar(u'\0') + u" WHERE Codigo = 'b'"_qs;
+    EXPECT_EQ(errorOf([&] { connection.execute(cut); }), ErrorRefusedStatement);
+    EXPECT_FALSE(connection.openRecordset("SELECT 1 FROM t").eof());
+}
+
+TEST_F(SqliteEngineTest, ADefinitionAffectsNoRows) {
+    EXPECT_EQ(connection.execute("INSERT INTO t (Codigo) VALUES ('a'), ('b')"), 2);
+    EXPECT_EQ(connection.execute("CREATE TABLE u (a TEXT)"), 0);
+    EXPECT_EQ(connection.execute("DROP TABLE u"), 0);
+    EXPECT_EQ(connection.affectedRows(), 0);
+}
+
+TEST_F(SqliteEngineTest, ATimeOfDayCountsForwardInItsDay) {
+    connection.execute("CREATE TABLE h (Momento DATETIME)");
+    sqlite::run(
+        sqlite::open(path, sqlite::Access::ReadWrite, 100).get(),
+        "INSERT INTO h VALUES ('1899-12-29 18:00:00'), ('2006-03-05 06:00:00'), ('2006-03-05 99:00:00')");
+    Recordset rows = connection.openRecordset("SELECT Momento FROM h");
+    EXPECT_EQ(rows.value(0).toNumber({}), -1.75);
+    EXPECT_EQ(rows.value(0).toText({}), "29/12/1899");
+    rows.moveNext();
+    EXPECT_EQ(rows.value(0).toNumber({}), 38781.25);
+    rows.moveNext();
+    EXPECT_EQ(rows.value(0).kind(), Kind::String) << "no time of day";
+}
+
+TEST_F(SqliteEngineTest, EveryColumnThatReadsAsADateTakesDatesOfTheServer) {
+    connection.execute("CREATE TABLE h (Momento TIMESTAMP, Alta SMALLDATETIME)");
+    connection.open(connectString()); // the columns' kinds are read when a database is opened
+    connection.execute("INSERT INTO h (Momento, Alta) VALUES ('05/03/2006', '06/03/2006')");
+    Recordset rows = connection.openRecordset("SELECT Momento, Alta FROM h WHERE Momento = '05/03/2006'");
+    ASSERT_FALSE(rows.eof());
+    EXPECT_EQ(rows.value(0).kind(), Kind::Date);
+    EXPECT_EQ(rows.value(1).kind(), Kind::Date);
+}

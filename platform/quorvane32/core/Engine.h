@@ -14,7 +14,9 @@ public:
     virtual bool next() = 0;
     virtual int columnCount() const = 0;
     virtual QString columnName(int ordinal) const = 0;
-    /// The current row's value. Dates come as Kind::Date and exact numbers as Kind::Decimal on every engine.
+    /// The current row's value. Date columns come as Kind::Date and exact numbers as Kind::Decimal on every
+    /// engine. What an expression makes of a date (max, coalesce, ...) has no declared type in the embedded
+    /// database: it comes as the ISO text, yyyy-mm-dd.
     virtual Value value(int ordinal) = 0;
 };
 

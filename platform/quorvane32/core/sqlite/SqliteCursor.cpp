@@ -1,5 +1,6 @@
 #include "platform/quorvane32/core/sqlite/SqliteCursor.h"
 #include "platform/quorvane32/base/Date.h"
+#include <QTime>
 #include <cstring>
 #include <limits>
 #include <sqlite3.h>
@@ -20,8 +21,12 @@ Value dateValue(const QString& text) {
         return text;
     Date date = Date::fromQDate(day);
     if (text.size() >= 19) {
-        const int seconds = number(11, 2) * 3600 + number(14, 2) * 60 + number(17, 2);
-        date = Date(date.serial() + seconds / 86400.0);
+        const QTime time(number(11, 2), number(14, 2), number(17, 2));
+        if (!time.isValid())
+            return text;
+        // The time counts forward from midnight, also in a day before 30 December 1899.
+        const double fraction = time.msecsSinceStartOfDay() / 86400000.0;
+        date = Date(date.serial() < 0 ? date.serial() - fraction : date.serial() + fraction);
     }
     return date;
 }
@@ -34,9 +39,14 @@ Value wholeValue(qint64 number) {
 
 } // namespace
 
+bool declaresDate(const char* type) {
+    const QByteArray name = QByteArray(type).toUpper();
+    return name.contains("DATE") || name.contains("TIME");
+}
+
 SqliteCursor::Declared SqliteCursor::declaredKind(const char* type) {
     const QByteArray name = QByteArray(type).toUpper();
-    if (name.contains("DATE") || name.contains("TIME"))
+    if (declaresDate(type))
         return Declared::Date;
     if (name.contains("CHAR") || name.contains("TEXT"))
         return Declared::Text;

@@ -6,6 +6,10 @@
 
 namespace quorvane::sqlite {
 
+/// True for a declared type (null for none) whose columns hold dates: one with DATE or TIME in it. What the
+/// cursor reads as dates and what the dialect writes as dates is this.
+bool declaresDate(const char* type);
+
 /// Rows of one prepared SELECT. A column's text is often the same in row after row (a scheme's code, "Neto"):
 /// it is decoded once and shared as long as its bytes stay the same, which saves time and memory.
 class SqliteCursor final : public Cursor {

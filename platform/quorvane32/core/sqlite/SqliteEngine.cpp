@@ -20,17 +20,31 @@ QString columnText(sqlite3_stmt* statement, int column) {
 DateColumns readDateColumns(sqlite3* database) {
     DateColumns columns;
     const Statement statement =
-        prepare(database, "SELECT t.name, c.name, upper(c.type) FROM sqlite_master t, "
+        prepare(database, "SELECT t.name, c.name, c.type FROM sqlite_master t, "
                           "pragma_table_info(t.name) c WHERE t.type IN ('table', 'view')");
     int result = SQLITE_ROW;
     while ((result = sqlite3_step(statement.get())) == SQLITE_ROW) {
-        const QString type = columnText(statement.get(), 2);
-        columns.add(columnText(statement.get(), 0), columnText(statement.get(), 1),
-                    type.startsWith(QLatin1String("DATE")));
+        const auto* type = reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 2));
+        columns.add(columnText(statement.get(), 0), columnText(statement.get(), 1), declaresDate(type));
     }
     if (result != SQLITE_DONE)
         raiseLastError(database);
     return columns;
+}
+
+/// Error 3705 unless the statement takes just the values at hand: one that nobody filled in ("?", $Codigo$)
+/// would leave an empty value or move all values by one place.
+void requireFilled(sqlite3_stmt* statement, std::size_t values) {
+    const int expected = sqlite3_bind_parameter_count(statement);
+    if (expected == static_cast<int>(values))
+        return;
+    // The dialect's own parameters have no name.
+    const char* name = nullptr;
+    for (int i = 1; i <= expected && !name; ++i)
+        name = sqlite3_bind_parameter_name(statement, i);
+    throw RunTimeError(ErrorRefusedStatement,
+                       QStringLiteral("La instrucción tiene un parámetro sin valor: %1")
+                           .arg(QString::fromUtf8(name ? name : "?")));
 }
 
 } // namespace
@@ -68,6 +82,7 @@ std::unique_ptr<Cursor> SqliteEngine::select(const QString& sql) {
     Statement statement = prepare(m_database.get(), query.sql);
     if (!sqlite3_stmt_readonly(statement.get()))
         throw RunTimeError(ErrorRefusedStatement, QStringLiteral("Una consulta no puede guardar datos"));
+    requireFilled(statement.get(), query.parameters.size());
     for (std::size_t i = 0; i < query.parameters.size(); ++i)
         bind(statement.get(), static_cast<int>(i) + 1, query.parameters[i]);
     return std::make_unique<SqliteCursor>(m_database, std::move(statement));
@@ -92,14 +107,19 @@ qint64 SqliteEngine::execute(const QString& sql) {
     const SqliteDialect::Command command = m_dialect.split(sql);
     if (!command.bound) {
         const Statement statement = prepare(m_database.get(), m_dialect.adaptShape(command.shape));
-        return runToEnd(statement.get());
+        requireFilled(statement.get(), 0);
+        runToEnd(statement.get());
+        return 0;
     }
     useWriteAheadLog();
     Compiled& entry = compiled(sql, command.shape);
+    requireFilled(entry.statement.get(), command.literals.size());
     for (std::size_t i = 0; i < command.literals.size(); ++i)
         bind(entry.statement.get(), static_cast<int>(i) + 1,
              SqliteDialect::parameter(sql, command.literals[i], entry.dates[i]));
-    return runToEnd(entry.statement.get());
+    runToEnd(entry.statement.get());
+    // The engine counts for commands only: behind a definition or a query its number is an older one.
+    return sqlite3_stmt_readonly(entry.statement.get()) ? 0 : sqlite3_changes64(m_database.get());
 }
 
 void SqliteEngine::bind(sqlite3_stmt* statement, int position, const Parameter& parameter) {
@@ -115,7 +135,7 @@ void SqliteEngine::bind(sqlite3_stmt* statement, int position, const Parameter& 
         raiseLastError(m_database.get());
 }
 
-qint64 SqliteEngine::runToEnd(sqlite3_stmt* statement) {
+void SqliteEngine::runToEnd(sqlite3_stmt* statement) {
     int result = SQLITE_ROW;
     while (result == SQLITE_ROW)
         result = sqlite3_step(statement);
@@ -123,9 +143,7 @@ qint64 SqliteEngine::runToEnd(sqlite3_stmt* statement) {
         sqlite3_reset(statement);
         raiseLastError(m_database.get());
     }
-    const qint64 affected = sqlite3_stmt_readonly(statement) ? 0 : sqlite3_changes64(m_database.get());
     sqlite3_reset(statement);
-    return affected;
 }
 
 void SqliteEngine::begin() {

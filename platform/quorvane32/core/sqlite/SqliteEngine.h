@@ -38,7 +38,7 @@ private:
     /// no error: error 3709 instead.
     void requireItsFile();
     void bind(sqlite3_stmt* statement, int position, const Parameter& parameter);
-    qint64 runToEnd(sqlite3_stmt* statement);
+    void runToEnd(sqlite3_stmt* statement);
 
     Handle m_database;
     SqliteDialect m_dialect;
