@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace dalvora::test {
