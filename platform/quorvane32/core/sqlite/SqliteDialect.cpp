@@ -20,26 +20,26 @@ bool isBoundCommand(QStringView sql, const std::vector<SqlToken>& tokens) {
 /// stands.
 class SelectHead {
 public:
-    void read(const SqlToken& token, QStringView text) {
-        if ((m_place == Top || m_place == TopParenthesis) && token.kind == SqlToken::Number)
-            m_place = Count;
-        else if (m_place == Top && text == u"(")
-            m_place = TopParenthesis;
-        else if (token.kind != SqlToken::Word)
-            m_place = Elsewhere;
-        else if (m_place == Select && isWord(text, u"top"))
-            m_place = Top;
-        else if (isWord(text, u"select") ||
-                 (m_place == Select && (isWord(text, u"distinct") || isWord(text, u"all"))))
-            m_place = Select;
-        else
-            m_place = Elsewhere;
-    }
+    void read(const SqlToken& token, QStringView text) { m_place = following(token, text); }
     bool atTop() const { return m_place == Top; }
     bool atCount() const { return m_place == Count; }
 
 private:
     enum Place : quint8 { Elsewhere, Select, Top, TopParenthesis, Count };
+
+    Place following(const SqlToken& token, QStringView text) const {
+        if (m_place == Top && text == u"(")
+            return TopParenthesis;
+        if (token.kind == SqlToken::Number)
+            return m_place == Top || m_place == TopParenthesis ? Count : Elsewhere;
+        if (token.kind != SqlToken::Word)
+            return Elsewhere;
+        if (m_place == Select && isWord(text, u"top"))
+            return Top;
+        const bool goesOn = m_place == Select && (isWord(text, u"distinct") || isWord(text, u"all"));
+        return goesOn || isWord(text, u"select") ? Select : Elsewhere;
+    }
+
     Place m_place = Elsewhere;
 };
 
