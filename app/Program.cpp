@@ -13,6 +13,7 @@
 #include "platform/quorvane32/core/ClientMachine.h"
 #include "platform/quorvane32/core/Connection.h"
 #include <QApplication>
+#include <ranges>
 
 namespace dalvora {
 
@@ -121,9 +122,9 @@ bool Program::Form_Unload() {
     bool ok = true;
     try {
         const QWidgetList windows = QApplication::topLevelWidgets();
-        for (auto window = windows.crbegin(); window != windows.crend(); ++window)
-            if (*window != m_form.get())
-                (*window)->close();
+        for (QWidget* window : windows | std::views::reverse)
+            if (window != m_form.get())
+                window->close();
         m_form->unload();
         if (m_context.Table) {
             m_context.Table->DBTerminate();
