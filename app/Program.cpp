@@ -65,8 +65,9 @@ bool Program::initializeApplication(const QString& commandLine, bool ShowProgres
 
 void Program::showInitializing() {
     m_form->setEnabled(false);
-    m_form->show();
+    // The text is there when the window shows: it is painted once.
     m_form->controls().StatusBar->setText(panelMensaje, QStringLiteral("Inicializando aplicación ..."));
+    m_form->show();
     QCoreApplication::processEvents();
 }
 

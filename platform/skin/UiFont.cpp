@@ -18,9 +18,7 @@ constexpr std::array families{"Tahoma"_L1, "DejaVu Sans Condensed"_L1, "Liberati
 
 constexpr int sizeInPixels = 12;
 
-} // namespace
-
-QFont uiFont() {
+QFont chosenFont() {
     // The list of families and not hasFamily: that one also asks for aliases, which costs a third of a
     // millisecond a name at every start.
     const QStringList installed = QFontDatabase::families();
@@ -31,6 +29,14 @@ QFont uiFont() {
     if (found != families.end())
         font.setFamily(*found);
     font.setPixelSize(sizeInPixels);
+    return font;
+}
+
+} // namespace
+
+QFont uiFont() {
+    // Installed fonts do not change while a program runs, and looking through them costs a start dearly.
+    static const QFont font = chosenFont();
     return font;
 }
 
