@@ -37,6 +37,7 @@ XGrid::XGrid(QWidget* parent) : QFrame(parent), m_state(std::make_unique<XGridSt
     setFocusPolicy(m_view->focusPolicy());
     setFocusProxy(m_view);
     connect(m_view, &XGridView::cursorMoved, this, &XGrid::cursorMoved);
+    connect(m_view, &XGridView::cellClicked, this, &XGrid::cellClicked);
     connect(m_view, &XGridView::columnDragged, this, &XGrid::columnDragged);
 }
 
@@ -109,6 +110,10 @@ void XGrid::setCol(int col) {
     m_view->setCurrentCell(m_state->row, col);
 }
 
+int XGrid::rowSel() const {
+    return m_view->rowSel();
+}
+
 int XGrid::topRow() const {
     return m_view->rowAt(0) + 1;
 }
@@ -137,6 +142,8 @@ void XGrid::setInner(const QString& name, quint32 value) {
         m_state->focusRect = static_cast<int>(value);
     else if (name == QLatin1String("HighLight"))
         m_state->highLight = static_cast<int>(value);
+    else if (name == QLatin1String("FixedCols"))
+        m_state->fixedCols = static_cast<int>(value);
     else if (name == QLatin1String("CellBackColor"))
         m_state->cellBackColors.insert({m_state->row, m_state->col}, colorFromNumber(value));
     else

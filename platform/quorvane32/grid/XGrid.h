@@ -35,6 +35,9 @@ public:
     void setRow(int row);
     int col() const;
     void setCol(int col);
+    /// The row where the user's selection ends, seen from the cursor: the selection runs from row() to here,
+    /// downwards or upwards. The cursor's own row when no other is selected.
+    int rowSel() const;
     /// The first visible row; setting it scrolls the row to the top as far as the rows below allow.
     int topRow() const;
     void setTopRow(int row);
@@ -44,8 +47,10 @@ public:
     XGridColumn& column(int index);
 
     /// Properties of the inner grid object by name: "FocusRect" (0 no frame around the current cell),
-    /// "HighLight" (selection tint: 0 never, 1 always, 2 only with the focus), "CellBackColor" (back colour
-    /// of the current cell). Any other name raises error 5.
+    /// "HighLight" (selection tint: 0 never, 1 always, 2 only with the focus), "FixedCols" (columns at the
+    /// left that are painted as headings and that keys and mouse leave alone: a click there makes the row
+    /// current in the first other column), "CellBackColor" (back colour of the current cell). Any other name
+    /// raises error 5.
     void setInner(const QString& name, quint32 value);
 
     /// Colour of the grid lines and tint of the selection, in blue-green-red order; the top byte is ignored.
@@ -66,6 +71,10 @@ public:
 Q_SIGNALS:
     /// The cursor moved to another cell.
     void cursorMoved();
+    /// A cell was clicked: the left button pressed and let go on it, without Shift or Ctrl, which only
+    /// select, and not on a button in it. A double click is one click. The cell's row is current; the column
+    /// is the clicked one, also a fixed one.
+    void cellClicked(int row, int column);
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -44,6 +44,8 @@ public:
     QAccessibleInterface* table() const override { return QAccessible::queryAccessibleInterface(m_view); }
 
 private:
+    QString spoken() const;
+
     QPointer<XGridView> m_view;
     int m_row;
     int m_col;
@@ -53,8 +55,15 @@ QString CellAccessible::text(QAccessible::Text kind) const {
     if (!isValid())
         return {};
     if (kind == QAccessible::Name || kind == QAccessible::Value)
-        return m_view->shared().text(m_row, m_col);
+        return spoken();
     return kind == QAccessible::Description ? m_view->shared().column(m_col).caption() : QString();
+}
+
+/// A picture is told by its words.
+QString CellAccessible::spoken() const {
+    const QString words = m_view->shared().picture(m_row, m_col).words;
+    const QString shown = m_view->shared().text(m_row, m_col);
+    return words.isEmpty() || shown.isEmpty() ? words + shown : words + u' ' + shown;
 }
 
 QRect CellAccessible::rect() const {

@@ -1,9 +1,20 @@
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <Qt>
 
 namespace quorvane {
+
+/// A picture in a cell. Its words stand for it where the picture cannot be seen.
+struct XGridPicture {
+    /// Where it stands in its cell, numbered column by column as "CellPictureAlignment" counts.
+    enum Alignment : int { LeftTop = 0, LeftCentre = 1, Centre = 4, RightCentre = 7 };
+
+    QIcon icon;
+    Alignment alignment = LeftTop;
+    QString words;
+};
 
 /// What a grid asks and tells the form that owns it. The grid holds no cell text: every text comes from here
 /// and every edit goes back here. Rows count the caption row 0, so the first line is row 1. While one of the
@@ -15,6 +26,13 @@ public:
 
     /// Cell text request: supplies the text of a cell. Asked often, for visible cells only.
     virtual void cellText(int row, int column, QString& text) = 0;
+
+    /// Supplies the picture of a cell; none unless the client puts one in. Asked for visible cells only.
+    virtual void cellPicture(int row, int column, XGridPicture& picture) {
+        Q_UNUSED(row)
+        Q_UNUSED(column)
+        Q_UNUSED(picture)
+    }
 
     /// Cell text changed: stores an edited cell and gives back the stored form. Returns false when the value
     /// was refused (the user has been told why): the cursor then stays on the cell and a paste stops there.

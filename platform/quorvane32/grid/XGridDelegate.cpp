@@ -11,12 +11,26 @@ namespace quorvane {
 namespace {
 
 constexpr int textMargin = 4;
+constexpr int largestPicture = 16;
 /// No cell shows more characters than this in its line, no tool tip more than that.
 constexpr qsizetype longestLine = 512;
 constexpr qsizetype longestTip = 2000;
 
 QPalette::ColorGroup colorGroup(const QStyleOptionViewItem& option) {
     return option.state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled;
+}
+
+Qt::Alignment placeOf(XGridPicture::Alignment alignment) {
+    switch (alignment) {
+    case XGridPicture::LeftCentre:
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    case XGridPicture::Centre:
+        return Qt::AlignCenter;
+    case XGridPicture::RightCentre:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    default:
+        return Qt::AlignLeft | Qt::AlignTop;
+    }
 }
 
 void paintArrow(QPainter* painter, const QRect& button) {
@@ -58,13 +72,14 @@ QRect XGridDelegate::textRect(const QRect& cell, const QModelIndex& index) const
 }
 
 QColor XGridDelegate::background(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const bool fixed = m_state.isFixed(index.column());
     const bool highlighted = m_state.highLight == 1 || (m_state.highLight == 2 && m_focused);
-    if (highlighted && (option.state & QStyle::State_Selected || isCurrent(index)))
+    if (!fixed && highlighted && (option.state & QStyle::State_Selected || isCurrent(index)))
         return m_state.selectionColor;
     const auto own = m_state.cellBackColors.constFind({index.row() + 1, index.column()});
     if (own != m_state.cellBackColors.constEnd())
         return *own;
-    return option.palette.color(colorGroup(option), QPalette::Base);
+    return option.palette.color(colorGroup(option), fixed ? QPalette::Button : QPalette::Base);
 }
 
 void XGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -74,6 +89,7 @@ void XGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->setPen(m_state.lineColor);
     painter->drawLine(cell.bottomLeft(), cell.bottomRight());
     painter->drawLine(cell.topRight(), cell.bottomRight());
+    paintPicture(painter, option, index);
     paintText(painter, option, index);
     if (hasLiveButton(index))
         paintButton(painter, option, index);
@@ -81,6 +97,19 @@ void XGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->setPen(option.palette.color(QPalette::Highlight));
         painter->drawRect(cell.adjusted(0, 0, -2, -2));
     }
+}
+
+void XGridDelegate::paintPicture(QPainter* painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    const XGridPicture picture = m_state.picture(index.row() + 1, index.column());
+    if (picture.icon.isNull())
+        return;
+    const QRect room = option.rect.adjusted(1, 1, -2, -2);
+    const int side = qMin(largestPicture, qMin(room.width(), room.height()));
+    const QRect place =
+        QStyle::alignedRect(Qt::LeftToRight, placeOf(picture.alignment), QSize(side, side), room);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    picture.icon.paint(painter, place, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
 }
 
 void XGridDelegate::paintText(QPainter* painter, const QStyleOptionViewItem& option,

@@ -7,8 +7,8 @@ namespace quorvane {
 
 struct XGridState;
 
-/// Paints the cells: tints, lines, one line of text with the column's alignment, and the small button or the
-/// list arrow. A text that does not fit ends in "…" and shows whole in its tool tip.
+/// Paints the cells: tints, lines, a picture, one line of text with the column's alignment, and the small
+/// button or the list arrow. A text that does not fit ends in "…" and shows whole in its tool tip.
 class XGridDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -34,6 +34,7 @@ private:
     QRect textRect(const QRect& cell, const QModelIndex& index) const;
     QColor background(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
+    void paintPicture(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintButton(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     bool isCurrent(const QModelIndex& index) const;
 

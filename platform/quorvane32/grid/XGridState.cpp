@@ -9,6 +9,13 @@ QString XGridState::text(int atRow, int atCol) const {
     return text;
 }
 
+XGridPicture XGridState::picture(int atRow, int atCol) const {
+    XGridPicture picture;
+    if (client && isCell(atRow, atCol))
+        client->cellPicture(atRow, atCol, picture);
+    return picture;
+}
+
 int XGridState::nextEditable(int from, int step) const {
     for (int c = from + step; c >= 0 && c < cols(); c += step) {
         if (column(c).isEditable())
@@ -27,7 +34,7 @@ int XGridState::visibleColumn(int from, int step) const {
 
 int XGridState::firstColumn() const {
     const int editable = nextEditable(-1, 1);
-    return editable >= 0 ? editable : visibleColumn(0, 1);
+    return editable >= 0 ? editable : firstFreeColumn();
 }
 
 QColor colorFromNumber(quint32 number) {

@@ -23,6 +23,9 @@ struct XGridState {
     int focusRect = 1;
     /// "HighLight": 0 never, 1 always, 2 only while the grid has the focus.
     int highLight = 1;
+    /// "FixedCols": columns at the left that are headings of their rows. The user's cursor never stands in
+    /// them; only the program can put it there.
+    int fixedCols = 0;
     QColor lineColor{0xD4, 0xD4, 0xD4};
     QColor selectionColor{0xCC, 0xE0, 0xF5};
     QHash<QPair<int, int>, QColor> cellBackColors;
@@ -37,7 +40,12 @@ struct XGridState {
     }
     /// The client's text of a cell; "" outside the grid.
     QString text(int atRow, int atCol) const;
-    /// The first column that can be edited, else the first visible one, else 0.
+    /// The client's picture of a cell, without an icon where there is none.
+    XGridPicture picture(int atRow, int atCol) const;
+    bool isFixed(int atCol) const { return atCol >= 0 && atCol < fixedCols; }
+    /// The first visible column that the user's cursor can stand in.
+    int firstFreeColumn() const { return visibleColumn(fixedCols, 1); }
+    /// The first column that can be edited, else the first visible one that is not fixed, else 0.
     int firstColumn() const;
     /// The first visible column from the given one on, to the right (step 1) or left (step -1); 0 when none
     /// is.

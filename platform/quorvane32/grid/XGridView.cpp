@@ -230,10 +230,17 @@ bool XGridView::isOnButton(const QModelIndex& index, const QPoint& at) const {
 
 void XGridView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->pos());
+    m_clicked = QModelIndex();
     if (!index.isValid()) // a click beside the cells leaves the cursor and the selection alone
         return;
     const bool onButton = event->button() == Qt::LeftButton && isOnButton(index, event->pos());
-    QTableView::mousePressEvent(event);
+    const bool clicks = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    QMouseEvent press = besideFixed(*event);
+    QTableView::mousePressEvent(&press);
+    if (clicks && !onButton) {
+        m_clicked = index;
+        m_clickedAt = event->pos();
+    }
     if (onButton && indexAt(event->pos()) == index) {
         m_pressed = index;
         m_painter->setPressed(index);
@@ -242,13 +249,21 @@ void XGridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void XGridView::mouseMoveEvent(QMouseEvent* event) {
-    hover(indexAt(event->pos()));
+    const QModelIndex index = indexAt(event->pos());
+    hover(index);
+    if (!stillClicks(event->pos()))
+        m_clicked = QModelIndex(); // dragging selects; coming back to the first cell makes it no click
+    QMouseEvent move = besideFixed(*event);
     if (!m_pressed.isValid())
-        QTableView::mouseMoveEvent(event);
+        QTableView::mouseMoveEvent(&move);
 }
 
 void XGridView::mouseReleaseEvent(QMouseEvent* event) {
-    QTableView::mouseReleaseEvent(event);
+    QMouseEvent release = besideFixed(*event);
+    QTableView::mouseReleaseEvent(&release);
+    if (event->button() == Qt::LeftButton && m_clicked.isValid() && stillClicks(event->pos()))
+        Q_EMIT cellClicked(m_clicked.row() + 1, m_clicked.column());
+    m_clicked = QModelIndex();
     const QModelIndex index = m_pressed;
     if (!index.isValid())
         return;
@@ -267,6 +282,41 @@ void XGridView::mouseDoubleClickEvent(QMouseEvent* event) {
         mousePressEvent(event); // two quick clicks on a button are two presses
     else
         m_editing->begin(XGridEditing::Start::OpenList);
+}
+
+/// The pointer is over the cell that was pressed, or has not moved although the grid scrolled beneath it.
+bool XGridView::stillClicks(const QPoint& at) const {
+    return indexAt(at) == m_clicked ||
+           (at - m_clickedAt).manhattanLength() < QApplication::startDragDistance();
+}
+
+QMouseEvent XGridView::besideFixed(const QMouseEvent& event) const {
+    QPointF at = event.position();
+    if (m_state.isFixed(columnAt(qRound(at.x()))))
+        at.setX(columnViewportPosition(m_state.firstFreeColumn()) + 1);
+    return QMouseEvent(event.type(), at, event.globalPosition(), event.button(), event.buttons(),
+                       event.modifiers(), event.pointingDevice());
+}
+
+QModelIndex XGridView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex to = QTableView::moveCursor(action, modifiers);
+    return m_state.isFixed(to.column()) ? to.siblingAtColumn(m_state.firstFreeColumn()) : to;
+}
+
+int XGridView::rowSel() const {
+    const QItemSelection selected = selectionModel()->selection();
+    if (selected.isEmpty())
+        return m_state.row;
+    const QItemSelectionRange& block = selected.first();
+    const bool upwards = m_state.row == block.bottom() + 1;
+    return (upwards ? block.top() : block.bottom()) + 1;
+}
+
+void XGridView::selectEverything() {
+    // In a list, where nothing is typed, the cursor goes to where the selection begins.
+    if (m_state.rows > 1 && m_state.nextEditable(-1, 1) < 0)
+        setCurrentCell(1, m_state.firstFreeColumn());
+    selectAll();
 }
 
 void XGridView::buttonClicked(const QModelIndex& index) {

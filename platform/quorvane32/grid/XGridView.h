@@ -42,6 +42,8 @@ public:
     void showAtTop(int row);
     /// Makes a cell current and the only selected one; row 0 takes the cursor away.
     void setCurrentCell(int row, int col);
+    /// The row where the selection that begins at the cursor ends.
+    int rowSel() const;
     /// Hands an entered text to the client; false when it was refused.
     bool store(int row, int col, QString text);
     /// Moves the cursor as the given key does, also past the last row; called when a key ended an edit.
@@ -54,6 +56,7 @@ public:
 
 Q_SIGNALS:
     void cursorMoved();
+    void cellClicked(int row, int column);
     /// The user dragged a column's edge; width in pixels.
     void columnDragged(int column, int width);
 
@@ -73,6 +76,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void updateGeometries() override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     void setUpLook();
@@ -83,8 +87,12 @@ private:
     bool moveOn(int step);
     bool moveDown();
     bool jump(int key);
+    void selectEverything();
     void hover(const QModelIndex& index);
+    /// The same mouse event over the row's first free column when it is over a fixed one.
+    QMouseEvent besideFixed(const QMouseEvent& event) const;
     bool isOnButton(const QModelIndex& index, const QPoint& at) const;
+    bool stillClicks(const QPoint& at) const;
     void buttonClicked(const QModelIndex& index);
     void copySelection();
     void paste();
@@ -96,6 +104,8 @@ private:
     XGridHeader* m_captions;
     QPersistentModelIndex m_hovered;
     QPersistentModelIndex m_pressed;
+    QPersistentModelIndex m_clicked; ///< the cell that a click began on
+    QPoint m_clickedAt;
     bool m_layingOut = false;
     bool m_layoutDue = false;
 };

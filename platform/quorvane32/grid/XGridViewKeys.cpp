@@ -99,7 +99,7 @@ bool XGridView::commandKey(QKeyEvent& event) {
     else if (event.matches(QKeySequence::Paste))
         paste();
     else if (event.matches(QKeySequence::SelectAll))
-        selectAll();
+        selectEverything();
     else
         return false;
     return true;
@@ -183,7 +183,7 @@ bool XGridView::jump(int key) {
     else if (key == Qt::Key_Down)
         setCurrentCell(m_state.rows - 1, m_state.col);
     else if (key == Qt::Key_Left)
-        setCurrentCell(m_state.row, m_state.visibleColumn(0, 1));
+        setCurrentCell(m_state.row, m_state.firstFreeColumn());
     else if (key == Qt::Key_Right)
         setCurrentCell(m_state.row, m_state.visibleColumn(m_state.cols() - 1, -1));
     else
