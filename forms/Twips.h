@@ -7,4 +7,9 @@ constexpr int twipsToPixels(int twips) {
     return twips / 15;
 }
 
+/// Pixels of a screen back in twips, as a grid's columns count them.
+constexpr int pixelsToTwips(int pixels, int dpi) {
+    return pixels * 15 * 96 / dpi;
+}
+
 } // namespace dalvora
