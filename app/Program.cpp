@@ -10,6 +10,7 @@
 #include "forms/main/GridLayout.h"
 #include "forms/main/StatusPanels.h"
 #include "forms/main/frmMain.h"
+#include "forms/vendedor/FM_Vendedor.h"
 #include "platform/quorvane32/core/ClientMachine.h"
 #include "platform/quorvane32/core/Connection.h"
 #include <QApplication>
@@ -171,9 +172,10 @@ void Program::printReport() {
 }
 
 void Program::showSalespeople() {
-    ShowMessage(
-        QStringLiteral("La asignación de comisiones a vendedores no está disponible en esta versión."),
-        MessageInformation);
+    if (!m_salespeople) {
+        m_salespeople = std::make_unique<FM_Vendedor>(m_context);
+    }
+    m_salespeople->open();
 }
 
 } // namespace dalvora

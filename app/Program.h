@@ -16,6 +16,7 @@ class HelpSystem;
 
 namespace dalvora {
 
+class FM_Vendedor;
 class frmMain;
 struct ComponentServices;
 
@@ -44,6 +45,8 @@ public:
     bool Form_Unload();
 
     frmMain& form() { return *m_form; }
+    /// Null until the salespeople have been shown once.
+    FM_Vendedor* salespeople() { return m_salespeople.get(); }
     SessionContext& context() { return m_context; }
 
     bool QueryLookup(const QString& queryName, const QString& queryFile, const QString& parameters,
@@ -72,6 +75,7 @@ private:
     ProgramParts m_parts;
     SessionContext m_context;
     std::unique_ptr<frmMain> m_form;
+    std::unique_ptr<FM_Vendedor> m_salespeople;
     bool m_unloading = false;
 };
 

@@ -3,6 +3,7 @@
 #include "data/DBTable.h"
 #include "forms/main/StatusPanels.h"
 #include "forms/main/frmMain.h"
+#include "forms/vendedor/FM_Vendedor.h"
 #include "platform/help/HelpSystem.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
@@ -196,12 +197,49 @@ TEST_F(ProgramTest, WhatThisVersionLacksIsSaid) {
     start(u"EMPRESA=01"_s);
     program->previewReport();
     program->printReport();
+    EXPECT_EQ(recorder.take(), (std::vector<Message>{
+                                   {u"La vista previa de informes no está disponible en esta versión."_s, 64},
+                                   {u"La impresión de informes no está disponible en esta versión."_s, 64}}));
+}
+
+TEST_F(ProgramTest, MenuAndButtonShowTheSameSalespeopleForm) {
+    frmMain& form = start(u"EMPRESA=01"_s).form();
+    EXPECT_EQ(program->salespeople(), nullptr);
+    ASSERT_TRUE(program->context().Table->DBRead(0)); // assigning needs the right to write what was read
+    form.record().refreshCommands();
+    form.controls().menuItem(u"mnuAsignar").trigger();
+    FM_Vendedor* const salespeople = program->salespeople();
+    ASSERT_NE(salespeople, nullptr);
+    EXPECT_TRUE(salespeople->isVisible());
+    EXPECT_FALSE(salespeople->isModal());
+    EXPECT_TRUE(form.isEnabled());
+    salespeople->close();
+    QTest::mouseClick(form.controls().Toolbar->widgetForAction(&form.controls().button(u"cliente")),
+                      Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return salespeople->isVisible(); }));
+    EXPECT_EQ(program->salespeople(), salespeople);
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
+}
+
+TEST_F(ProgramTest, TheMainFormGoesOnWorkingBesideTheSalespeople) {
+    frmMain& form = start(u"EMPRESA=01"_s).form();
     program->showSalespeople();
-    EXPECT_EQ(recorder.take(),
-              (std::vector<Message>{
-                  {u"La vista previa de informes no está disponible en esta versión."_s, 64},
-                  {u"La impresión de informes no está disponible en esta versión."_s, 64},
-                  {u"La asignación de comisiones a vendedores no está disponible en esta versión."_s, 64}}));
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    form.controls().TxtCodigo->setFocus();
+    QTest::keyClicks(form.controls().TxtCodigo, u"C9"_s);
+    QTest::keyClick(form.controls().TxtCodigo, Qt::Key_Tab);
+    program->showSalespeople();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(program->salespeople()));
+    EXPECT_EQ(program->salespeople()->controls().SB->text(panelMensaje), u"Comisión: C9"_s);
+}
+
+TEST_F(ProgramTest, TheSalespeopleFormClosesWithTheProgram) {
+    frmMain& form = start(u"EMPRESA=01"_s).form();
+    program->showSalespeople();
+    form.close();
+    EXPECT_FALSE(program->salespeople()->isVisible());
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
 TEST_F(ProgramTest, ClosingTheWindowEndsTheProgram) {

@@ -258,7 +258,7 @@ TEST_F(HelpViewerTest, FindInPageCountsStepsAndCloses) {
     QTest::keyClick(&view, Qt::Key_F, Qt::ControlModifier);
     auto& text = part<QLineEdit>("findText");
     ASSERT_TRUE(text.hasFocus());
-    type(text, QStringLiteral("DISPONIBLE"));
+    type(text, QStringLiteral("ESQUEMA"));
     const auto count = part<PageView>("page").extraSelections().size();
     ASSERT_GT(count, 1);
     EXPECT_EQ(part<QLabel>("findCount").text(), QStringLiteral("1 de %1").arg(count));

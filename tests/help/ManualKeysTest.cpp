@@ -1,6 +1,7 @@
 // The manual's keyboard page against the commands of the main window themselves.
 
 #include "forms/main/MainCommands.h"
+#include "forms/vendedor/VendedorControls.h"
 #include "platform/help/HelpFile.h"
 #include "platform/help/HelpText.h"
 
@@ -34,6 +35,20 @@ TEST(ManualKeys, EveryShortcutOfTheMainWindowIsExplained) {
     for (const dalvora::ToolbarCommand& command : dalvora::toolbarCommands)
         EXPECT_TRUE(*command.shortcut == 0 || explained(command.shortcut)) << command.shortcut;
     EXPECT_GE(shortcuts, 12);
+}
+
+TEST(ManualKeys, TheMenuOfTheSalespeopleIsExplained) {
+    const help::HelpFile manual(QStringLiteral(DALVORA_HELP_FILE));
+    const QString keys = manual.html(QStringLiteral("teclado.html")).value_or(QString());
+    const QString text = help::plainText(manual.html(QStringLiteral("vendedores.html")).value_or(QString()));
+    for (const dalvora::VendedorMenuItem& item : dalvora::vendedorMenu) {
+        if (item.caption == u"-")
+            continue;
+        EXPECT_TRUE(text.contains(item.caption.toString().remove(u'&'))) << qPrintable(item.name.toString());
+        EXPECT_TRUE(keys.contains(
+            QStringLiteral("<span class=\"tecla\">%1</span></td>").arg(spanishKeys(item.shortcut))))
+            << item.shortcut;
+    }
 }
 
 TEST(ManualKeys, EveryMenuItemIsInThePageOfTheMainWindow) {
