@@ -19,6 +19,7 @@ Tour::Tour(dalvora::frmMain& form, QString folder) : m_form(form), m_folder(std:
     addReadingSteps();
     addEditingSteps();
     addRefusalSteps();
+    addSalespeopleSteps();
     addOtherWindowSteps();
 }
 
@@ -83,6 +84,37 @@ void Tour::addRefusalSteps() {
     m_steps.push_back({QStringLiteral("grabado"), [this] {
                            closeOpenWindow();
                            clickButton(QStringLiteral("grabar"));
+                       }});
+}
+
+void Tour::addSalespeopleSteps() {
+    m_steps.push_back({QStringLiteral("comision-por-asignar"), [this] {
+                           activate();
+                           m_form.controls().TxtCodigo->setFocus();
+                           QTimer::singleShot(stepDelay / 3, this, [this] {
+                               type(QStringLiteral("mixta"));
+                               press(Qt::Key_Return);
+                           });
+                           press(Qt::Key_F8);
+                       }});
+    m_steps.push_back({QStringLiteral("vendedores"), [this] {
+                           activate();
+                           clickButton(QStringLiteral("cliente"));
+                       }});
+    m_steps.push_back({QStringLiteral("vendedores-marcados"), [this] {
+                           press(Qt::Key_Tab);
+                           press(Qt::Key_Space);
+                           press(Qt::Key_Down);
+                           press(Qt::Key_Down);
+                           press(Qt::Key_Down, Qt::ShiftModifier);
+                           press(Qt::Key_Down, Qt::ShiftModifier);
+                           press(Qt::Key_L, Qt::ControlModifier);
+                       }});
+    m_steps.push_back(
+        {QStringLiteral("comision-asignada"), [this] { press(Qt::Key_G, Qt::ControlModifier); }});
+    m_steps.push_back({QStringLiteral("vendedores-cerrado"), [this] {
+                           closeOpenWindow();
+                           activate();
                        }});
 }
 

@@ -33,6 +33,7 @@ private:
     void addReadingSteps();
     void addEditingSteps();
     void addRefusalSteps();
+    void addSalespeopleSteps();
     void addOtherWindowSteps();
     void next();
     void takePicture(const QString& name);
