@@ -10,6 +10,7 @@ void benchTexts(Report& report, Company&);
 void benchReads(Report& report, Company& company);
 void benchWrites(Report& report, Company& company);
 void benchGrid(Report& report, Company& company);
+void benchSalespeople(Report& report, Company& company);
 void benchStart(Report& report, Company& company);
 
 } // namespace bench

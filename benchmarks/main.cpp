@@ -12,8 +12,12 @@ struct Group {
 };
 
 constexpr Group groups[] = {
-    {"start", bench::benchStart}, {"reads", bench::benchReads}, {"writes", bench::benchWrites},
-    {"grid", bench::benchGrid},   {"texts", bench::benchTexts},
+    {"start", bench::benchStart},
+    {"reads", bench::benchReads},
+    {"writes", bench::benchWrites},
+    {"grid", bench::benchGrid},
+    {"salespeople", bench::benchSalespeople},
+    {"texts", bench::benchTexts},
 };
 
 } // namespace
