@@ -128,8 +128,8 @@ TEST_F(XGridFixed, APictureStandsWhereItsAlignmentSays) {
     const QRect box = cell(2, 3);
     QRect red = redIn(2, 3);
     EXPECT_EQ(red.size(), QSize(16, 16));
-    EXPECT_NEAR(red.center().x(), box.width() / 2, 2);
-    EXPECT_NEAR(red.center().y(), box.height() / 2, 2);
+    EXPECT_NEAR(red.center().x(), box.width() / 2.0, 2);
+    EXPECT_NEAR(red.center().y(), box.height() / 2.0, 2);
     EXPECT_TRUE(redIn(3, 3).isEmpty());
     pictures.alignment = quorvane::XGridPicture::LeftTop;
     grid->refreshRow(2);
