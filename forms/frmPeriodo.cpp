@@ -2,21 +2,13 @@
 #include "common/ShowMessage.h"
 #include "common/SqlText.h"
 #include "data/DBTable.h"
+#include "forms/Named.h"
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 
 namespace dalvora {
-
-namespace {
-
-template<class Control> Control* named(Control* control, const char* name) {
-    control->setObjectName(QLatin1String(name));
-    return control;
-}
-
-} // namespace
 
 frmPeriodo::frmPeriodo(DBTable& table, QWidget* parent)
     : QDialog(parent)

@@ -1,4 +1,5 @@
 #include "forms/main/MainControls.h"
+#include "forms/Named.h"
 #include "forms/Twips.h"
 #include "forms/main/MainCommands.h"
 #include "forms/main/StatusPanels.h"
@@ -16,13 +17,6 @@ namespace {
 constexpr int toolIconSize = 32;
 constexpr int toolbarHeight = 54;
 constexpr int commandDelay = 100;
-
-/// A control's own name, and the name that people who cannot see the screen hear.
-template<class Control> Control* named(Control* control, const char* name, const QString& accessibleName) {
-    control->setObjectName(QLatin1String(name));
-    control->setAccessibleName(accessibleName);
-    return control;
-}
 
 QKeySequence shortcutOf(const char* text) {
     return QKeySequence::fromString(QLatin1String(text), QKeySequence::PortableText);

@@ -1,4 +1,5 @@
 #include "forms/vendedor/VendedorControls.h"
+#include "forms/Named.h"
 #include "forms/main/StatusPanels.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/skin/ImageList.h"
@@ -15,12 +16,6 @@ namespace {
 
 constexpr int filterWidth = 160;
 constexpr int markSize = 16;
-
-template<class Control> Control* named(Control* control, const char* name, const QString& accessibleName) {
-    control->setObjectName(QLatin1String(name));
-    control->setAccessibleName(accessibleName);
-    return control;
-}
 
 } // namespace
 
