@@ -30,10 +30,18 @@ enum class ObjectKind : int { Field = 1, Text = 2, Line = 3, Box = 4, Image = 6,
 
 enum class ColumnType { Text, Number, Date };
 
-/// A column that the rows must have; a row source without it is error 3265.
+/// A column of the report. The rows must have it (a row source without it is error 3265), unless the report
+/// works it out itself for each row, from columns that stand before it.
 struct Column {
+    /// How the value comes about: from the rows; the sum of other columns (Null counts as 0); 1 when a column
+    /// holds a text, letter case ignored, else 0, so that its sum counts those rows.
+    enum class Origin { Rows, SumOf, CountOf };
+
     QString name;
-    ColumnType type = ColumnType::Text;
+    ColumnType type = ColumnType::Text; ///< Number when it is worked out
+    Origin origin = Origin::Rows;
+    std::vector<int> operands; ///< positions of the columns of SumOf (all) and CountOf (one)
+    QString wanted;            ///< the text of CountOf
 };
 
 /// How rows are ordered before they are laid out; the groups' columns come first, in their order.
@@ -42,10 +50,15 @@ struct SortKey {
     bool descending = false;
 };
 
+/// Whether a date groups by itself or by the month or year that it lies in; None for any other column.
+enum class Period { None, Month, Year };
+
 struct Group {
-    int column = 0;        ///< a new group begins when this column's value changes, letter case ignored
-    QString caption;       ///< what the group tree calls a group of it, "" for the value alone
-    int captionColumn = 0; ///< the column whose value names a group in the tree and in charts
+    int column = 0; ///< a new group begins when this column's value changes, letter case ignored
+    Period period = Period::None;
+    QString caption; ///< what the group tree calls a group of it, "" for the value alone
+    int captionColumn =
+        0; ///< names a group in the tree and in charts; of a period, the month ("julio 1997") or year
 };
 
 /// A header formula: a text that the program sets before the pages are made, like {@CfgEmpresa}.
@@ -72,8 +85,11 @@ struct NumberFormat {
     QString decimal = QStringLiteral(",");
 };
 
+/// How a date is written: as the regional settings' short form, as a month ("julio 1997") or as a year.
+enum class DateForm { Short, Month, Year };
+
 struct Style {
-    QString family;
+    QString family;  ///< names in order of preference, with commas between them
     double size = 9; ///< points
     bool bold = false;
     bool italic = false;
@@ -106,7 +122,12 @@ struct ReportObject {
     Condition condition;
     FieldSource source;  ///< Field
     NumberFormat format; ///< Field of a number
-    QString text;        ///< Text
+    /// Field: the name of the object whose number format this one keeps to, "" for none. What a program sets
+    /// there (the currency's decimals, the separators) is set here too, but for decimals that are its own.
+    QString formatOf;
+    bool ownDecimals = false;
+    DateForm dateForm = DateForm::Short; ///< Field of a date
+    QString text;        ///< Text: formula names in it, with braces and "@", stand for the formulas' texts
     double stroke = 0.5; ///< Line and Box: pen width, 0 draws none
     QImage image;
     Chart chart;
