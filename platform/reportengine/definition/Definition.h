@@ -13,8 +13,9 @@ namespace quorvane::report {
 // A report definition in memory, as its file describes it. All measures are points (1/72 inch); the file
 // gives millimetres.
 
-/// Where a section stands; in a definition sections keep this order, with group headers from the outermost
-/// group inward and group footers from the innermost outward.
+/// Where a section stands. A group header keeps with the first row under it. In a definition sections keep
+/// this order, with group headers from the outermost group inward and group footers from the innermost
+/// outward.
 enum class SectionKind {
     ReportHeader,
     PageHeader,
@@ -137,7 +138,7 @@ struct Section {
     SectionKind kind = SectionKind::Details;
     int group = 0; ///< of a group's header or footer
     QString name;
-    double height = 0;
+    double height = 0; ///< 0: the section shows nothing and takes no place
     bool newPageBefore = false;
     bool repeatOnPage = false; ///< a group header that comes again on the group's next pages
     bool shaded = false;       ///< details: every other row on a tinted ground
