@@ -33,6 +33,12 @@ TEST(RegionalSettings, WriteNumbersAndDates) {
     EXPECT_EQ(spanish.dateText(Date()), u""_s);
 }
 
+TEST(RegionalSettings, WritesTheMonthOfADate) {
+    EXPECT_EQ(spanish.monthText(Date::fromYmd(1997, 7, 31)), u"julio 1997"_s);
+    EXPECT_EQ(spanish.monthText(Date::fromYmd(2006, 1, 1)), u"enero 2006"_s);
+    EXPECT_EQ(spanish.monthText(Date()), u""_s);
+}
+
 TEST(RegionalSettings, ReadNumbers) {
     EXPECT_EQ(spanish.parseNumber(u"1.234,5"), 1234.5);
     EXPECT_EQ(english.parseNumber(u"1,234.5"), 1234.5);

@@ -92,6 +92,15 @@ QString RegionalSettings::dateText(const Date& date) const {
     return date.toDayMonthYear(dateSeparator);
 }
 
+QString RegionalSettings::monthText(const Date& date) const {
+    static constexpr std::array<const char16_t*, 12> months = {
+        u"enero", u"febrero", u"marzo",      u"abril",   u"mayo",      u"junio",
+        u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
+    const QDate day = date.toQDate();
+    return day.isValid() ? QString::fromUtf16(months[day.month() - 1]) + u' ' + QString::number(day.year())
+                         : QString();
+}
+
 double RegionalSettings::parseNumber(QStringView text) const {
     text = text.trimmed();
     if (text.isEmpty() || text.size() > longestNumber)

@@ -18,6 +18,8 @@ struct RegionalSettings {
     QString groupedText(double value, int decimals) const;
     /// "05/03/2006", or "" for the empty date.
     QString dateText(const Date& date) const;
+    /// "julio 1997", or "" for the empty date.
+    QString monthText(const Date& date) const;
 
     /// Reads a number as entered: blanks around it, a sign, group separators in threes before the decimal
     /// separator ("1.234,5", never "1.5"), an exponent. Error 13 when the text is no number, 6 when it is too

@@ -1,7 +1,7 @@
 #include "platform/quorvane32/lookup/LookupRows.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include "platform/quorvane32/core/Recordset.h"
-#include "platform/quorvane32/core/SpanishText.h"
 #include <algorithm>
 #include <limits>
 #include <numeric>

@@ -1,8 +1,8 @@
 #include "platform/quorvane32/session/Accounts.h"
 
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/core/SpanishText.h"
 #include "platform/quorvane32/session/Passwords.h"
 #include "platform/quorvane32/session/SessionSql.h"
 

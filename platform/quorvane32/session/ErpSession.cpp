@@ -1,8 +1,8 @@
 #include "platform/quorvane32/session/ErpSession.h"
 
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include "platform/quorvane32/core/ConnectString.h"
-#include "platform/quorvane32/core/SpanishText.h"
 
 namespace quorvane {
 

@@ -1,4 +1,4 @@
-#include "platform/quorvane32/core/SpanishText.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include <sqlite3.h>
 

@@ -1,4 +1,4 @@
-#include "platform/quorvane32/core/SpanishText.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include <QVarLengthArray>
 #include <array>
 #include <cstring>
@@ -81,7 +81,56 @@ int compareAscii(QByteArrayView a, QByteArrayView b) {
     return static_cast<int>(a.size() - b.size());
 }
 
+// Bytes of a key. A text's end comes before every letter; letters beyond ASCII other than ñ take three bytes.
+constexpr unsigned char keyEnd = 1;
+constexpr unsigned char firstLetter = 2;
+constexpr unsigned char wideLetter = 0xFF;
+/// Marks of the second part, which tells accented letters from plain ones at the same place.
+constexpr unsigned char plainMark = 2;
+constexpr unsigned char accentMark = 3;
+
+void appendWide(char16_t c, SpanishKey& key) {
+    key.append(static_cast<unsigned char>(c >> 8));
+    key.append(static_cast<unsigned char>(c & 0xFF));
+}
+
+/// Appends the letter's place in the alphabet; takes lower-case letters.
+void appendWeight(char16_t c, SpanishKey& key) {
+    const char16_t letter = c == enye ? c : base(c);
+    if (letter < 0x80) {
+        key.append(static_cast<unsigned char>(firstLetter + letter + (letter > u'n' ? 1 : 0)));
+    } else if (letter == enye) {
+        key.append(static_cast<unsigned char>(firstLetter + u'n' + 1));
+    } else {
+        key.append(wideLetter);
+        appendWide(letter, key);
+    }
+}
+
+bool isAccented(char16_t c) {
+    return c >= 0xE0 && c != enye && base(c) != c;
+}
+
 } // namespace
+
+void appendSpanishKey(QStringView text, SpanishKey& key) {
+    text = withoutTrailingBlanks(text);
+    qsizetype plainFrom = 0; // behind the last accent
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = lower(text[i].unicode());
+        appendWeight(c, key);
+        if (isAccented(c))
+            plainFrom = i + 1;
+    }
+    key.append(keyEnd);
+    for (qsizetype i = 0; i < plainFrom; ++i) {
+        const char16_t c = lower(text[i].unicode());
+        key.append(isAccented(c) ? accentMark : plainMark);
+        if (isAccented(c))
+            appendWide(c, key);
+    }
+    key.append(keyEnd);
+}
 
 QString foldText(QStringView text) {
     const Folded letters = folded(text);

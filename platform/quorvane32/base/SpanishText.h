@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVarLengthArray>
 
 namespace quorvane {
 
@@ -17,6 +18,13 @@ int compareSpanish(QStringView a, QStringView b);
 
 /// The same for UTF-8 bytes, fast when both are ASCII.
 int compareSpanishUtf8(QByteArrayView a, QByteArrayView b);
+
+/// Bytes whose order (as memcmp has it) is that of compareSpanish.
+using SpanishKey = QVarLengthArray<unsigned char, 64>;
+
+/// Appends a text's key. No key of a text is the beginning of another's, so keys may follow each other, and
+/// none begins with a byte 0.
+void appendSpanishKey(QStringView text, SpanishKey& key);
 
 /// LIKE with % and _ on folded text; `escape` is U+0000 for none.
 bool likeSpanish(QStringView pattern, QStringView text, QChar escape);

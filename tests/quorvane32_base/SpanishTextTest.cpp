@@ -1,4 +1,4 @@
-#include "platform/quorvane32/core/SpanishText.h"
+#include "platform/quorvane32/base/SpanishText.h"
 #include <QStringList>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -35,6 +35,28 @@ TEST(SpanishText, EqualExactlyWhenFoldedEqual) {
     for (const QString& a : words)
         for (const QString& b : words)
             EXPECT_EQ(compareSpanish(a, b) == 0, foldText(a) == foldText(b));
+}
+
+TEST(SpanishText, KeysOrderAsTextsDo) {
+    const QStringList words{u""_qs,       u" "_qs,      u"a"_qs,  u"A "_qs, u"á"_qs,     u"aa"_qs,
+                            u"áa"_qs,     u"aá"_qs,     u"áá"_qs, u"ab"_qs, u"az"_qs,    u"n"_qs,
+                            u"nz"_qs,     u"ñ"_qs,      u"Ña"_qs, u"o"_qs,  u"z"_qs,     u"~"_qs,
+                            u"€"_qs,      u"😀"_qs,      u"1"_qs,  u"Ğ"_qs,  u"g"_qs,     u"a b"_qs,
+                            u"ä"_qs,      u"\x0001"_qs, u"ß"_qs,  u"ø"_qs,  u"papá "_qs, u"PAPAS"_qs,
+                            u"papá s"_qs, u"ÿ"_qs,      u"ý"_qs,  u"ýb"_qs, u"ya"_qs};
+    const auto sign = [](int order) { return (order > 0) - (order < 0); };
+    const auto keyOf = [](const QString& word) {
+        SpanishKey key;
+        appendSpanishKey(word, key);
+        return QByteArray(reinterpret_cast<const char*>(key.data()), key.size());
+    };
+    for (const QString& a : words)
+        for (const QString& b : words) {
+            EXPECT_EQ(sign(keyOf(a).compare(keyOf(b))), sign(compareSpanish(a, b)))
+                << qPrintable(a) << " against " << qPrintable(b);
+            EXPECT_TRUE(compareSpanish(a, b) == 0 || !keyOf(a).startsWith(keyOf(b)))
+                << qPrintable(a) << " behind " << qPrintable(b);
+        }
 }
 
 TEST(SpanishText, PlainFoldDropsAccents) {
