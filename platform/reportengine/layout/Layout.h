@@ -14,8 +14,10 @@ namespace quorvane::report {
 struct GroupEntry {
     int level = 0;
     QString caption;
-    int page = 0;               ///< position of the page where it begins
-    std::vector<double> totals; ///< one for each column that a chart sums, complete once the group has ended
+    int page = 0; ///< position of the page where it begins
+    /// One for each column that charts sum, in the order in which the sections' charts first name them;
+    /// complete once the group has ended.
+    std::vector<double> totals;
 };
 
 /// A report's rows in order and the places where its pages begin. Works in slices, so a window stays alive

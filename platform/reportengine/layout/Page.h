@@ -12,6 +12,7 @@ struct Band {
     double top = 0;              ///< points from the page's upper edge
     qint64 row = -1;             ///< the row in report order that it stands for
     bool odd = false;            ///< details: the second of two rows, for the tinted ground
+    bool repeated = false;       ///< a group header that comes again on a further page of its group
     std::vector<Value> values;   ///< one an object of the section; Empty where the object has none of its own
     std::vector<bool> condition; ///< one an object: whether its condition holds (empty: none does)
 };
