@@ -2,14 +2,27 @@
 
 #include <QPainter>
 #include <QPixmapCache>
+#include <QResource>
 
 #include <algorithm>
+#include <cstring>
 
 namespace skin {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// A picture as the build tool stores it: plain pixels, so that no reader of image formats is loaded for it.
+/// A null image when there is none of that name.
+QImage picture(const QString& path, int side) {
+    const QByteArray pixels = QResource(path).uncompressedData();
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    if (pixels.size() != image.sizeInBytes())
+        return {};
+    std::memcpy(image.bits(), pixels.constData(), pixels.size());
+    return image;
+}
 
 /// The disabled look: the picture's lightness in a cool grey, half transparent.
 QImage disabled(QImage image) {
@@ -35,7 +48,7 @@ QImage PictureEngine::load(int side, QIcon::Mode mode) const {
     const auto fit =
         std::find_if(m_sizes.begin(), m_sizes.end(), [side](int drawn) { return drawn >= side; });
     const int drawn = fit != m_sizes.end() ? *fit : m_sizes.last();
-    QImage image(u"%1-%2.png"_s.arg(hot ? m_hot : m_normal).arg(drawn));
+    QImage image = picture(u"%1-%2.argb"_s.arg(hot ? m_hot : m_normal).arg(drawn), drawn);
     if (drawn > side)
         image = image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     return mode == QIcon::Disabled ? disabled(std::move(image)) : image;

@@ -238,6 +238,12 @@ QIcon SkinStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, c
         if (qobject_cast<const QCalendarWidget*>(widget))
             return arrowIcon(u"siguiente"_s);
         break;
+    // Every menu bar and toolbar makes this button when it is made: the toolkit's own picture would load all
+    // readers of image formats into each start of the program.
+    case SP_ToolBarHorizontalExtensionButton:
+        return arrowIcon(u"mas"_s);
+    case SP_ToolBarVerticalExtensionButton:
+        return arrowIcon(u"masabajo"_s);
     default:
         break;
     }

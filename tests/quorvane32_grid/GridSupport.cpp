@@ -83,11 +83,11 @@ void GridTest::SetUp() {
     grid->column(3).setReadOnly(true);
     grid->column(4).setAlignment(XGridColumn::RightCentre);
     grid->setInner(QStringLiteral("HighLight"), 2);
-    view = grid->findChild<QTableView*>();
     window.resize(600, 400);
     window.show();
     QApplication::setActiveWindow(&window);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    view = grid->findChild<QTableView*>();
     grid->setFocus();
 }
 

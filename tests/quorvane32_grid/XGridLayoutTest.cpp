@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QLayout>
 #include <QTest>
 #include <QToolTip>
 
@@ -193,4 +194,42 @@ TEST_F(XGridLayout, GridMayGoWhileACellIsEdited) {
     delete grid;
     grid = new XGrid(&window); // for TearDown
     EXPECT_TRUE(client->told.filter(QStringLiteral("set")).isEmpty());
+}
+
+TEST_F(XGridLayout, GridThatWasNeverShownKeepsWhatItIsTold) {
+    XGrid hidden;
+    hidden.setClient(client.get());
+    hidden.setCols(3);
+    hidden.setRows(6);
+    hidden.setInner(QStringLiteral("HighLight"), 2);
+    EXPECT_EQ(hidden.rows(), 6);
+    EXPECT_EQ(hidden.row(), 0);
+    EXPECT_EQ(hidden.rowSel(), 0);
+    EXPECT_EQ(hidden.topRow(), 0);
+    EXPECT_FALSE(hidden.isEditing());
+    EXPECT_TRUE(hidden.commitEdit());
+    EXPECT_EQ(hidden.findChild<QTableView*>(), nullptr) << "nothing is made before somebody looks";
+    hidden.setRow(4);
+    EXPECT_EQ(hidden.row(), 4);
+    EXPECT_EQ(hidden.findChild<QTableView*>()->model()->rowCount(), 5);
+    hidden.setClient(nullptr);
+}
+
+TEST_F(XGridLayout, GridShownLaterStandsBetweenItsNeighboursInTheTabOrder) {
+    auto* page = new QWidget(&window);
+    auto* before = new QLineEdit(page);
+    auto* late = new XGrid(page);
+    auto* after = new QLineEdit(page);
+    QWidget::setTabOrder(before, late);
+    QWidget::setTabOrder(late, after);
+    window.layout()->addWidget(page);
+    page->show();
+    auto* table = late->findChild<QTableView*>();
+    ASSERT_NE(table, nullptr);
+    EXPECT_TRUE(table->isVisible());
+    QWidget* next = table->nextInFocusChain();
+    while (next != after && (next->focusPolicy() == Qt::NoFocus || table->isAncestorOf(next)))
+        next = next->nextInFocusChain();
+    EXPECT_EQ(next, after);
+    EXPECT_EQ(late->focusProxy(), table);
 }

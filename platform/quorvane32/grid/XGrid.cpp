@@ -29,26 +29,35 @@ void checkSubscript(bool valid) {
 
 XGrid::XGrid(QWidget* parent) : QFrame(parent), m_state(std::make_unique<XGridState>()) {
     installXGridAccessibility();
-    m_view = new XGridView(*m_state, this);
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    setFocusPolicy(Qt::StrongFocus);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view);
-    setFocusPolicy(m_view->focusPolicy());
-    setFocusProxy(m_view);
-    connect(m_view, &XGridView::cursorMoved, this, &XGrid::cursorMoved);
-    connect(m_view, &XGridView::cellClicked, this, &XGrid::cellClicked);
-    connect(m_view, &XGridView::columnDragged, this, &XGrid::columnDragged);
 }
 
 XGrid::~XGrid() {
-    m_view->editing().cancel();
+    if (m_view)
+        m_view->editing().cancel();
     m_state->client = nullptr; // the client may be gone already; nothing is asked on the way down
     delete m_view;
 }
 
+XGridView& XGrid::view() {
+    if (m_view)
+        return *m_view;
+    m_view = new XGridView(*m_state, this);
+    layout()->addWidget(m_view);
+    setTabOrder(this, m_view); // before the proxy, which would stand for both
+    setFocusProxy(m_view);
+    connect(m_view, &XGridView::cursorMoved, this, &XGrid::cursorMoved);
+    connect(m_view, &XGridView::cellClicked, this, &XGrid::cellClicked);
+    connect(m_view, &XGridView::columnDragged, this, &XGrid::columnDragged);
+    return *m_view;
+}
+
 void XGrid::setClient(XGridClient* client) {
-    m_view->editing().cancel();
+    if (m_view)
+        m_view->editing().cancel();
     m_state->client = client;
     refresh();
 }
@@ -59,21 +68,27 @@ int XGrid::cols() const {
 
 void XGrid::setCols(int cols) {
     checkSubscript(cols >= 0);
-    m_view->editing().cancel();
-    m_view->cells().resetColumns([this, cols] {
+    const auto resize = [this, cols] {
         auto& columns = m_state->columns;
         const auto changed = [this] {
-            if (!m_draggingColumn)
+            if (m_view && !m_draggingColumn)
                 m_view->layOutSoon();
         };
         columns.resize(qMin(columns.size(), static_cast<size_t>(cols)));
         while (m_state->cols() < cols)
             columns.push_back(std::make_unique<XGridColumn>(changed));
-    });
+    };
+    if (m_view) {
+        m_view->editing().cancel();
+        m_view->cells().resetColumns(resize);
+    } else {
+        resize();
+    }
     erase_if(m_state->cellBackColors, [cols](const auto& cell) { return cell.key().second >= cols; });
     m_state->row = 0;
     m_state->col = 0;
-    m_view->layOut();
+    if (m_view)
+        m_view->layOut();
 }
 
 int XGrid::rows() const {
@@ -84,6 +99,10 @@ void XGrid::setRows(int rows) {
     checkSubscript(rows >= 0);
     if (rows == m_state->rows)
         return;
+    if (!m_view) {
+        m_state->rows = rows;
+        return;
+    }
     if (m_view->editing().isActive() && m_view->editing().row() >= rows)
         m_view->editing().cancel();
     const int cursor = m_state->row;
@@ -98,7 +117,7 @@ int XGrid::row() const {
 
 void XGrid::setRow(int row) {
     checkSubscript(row >= 0 && row < m_state->rows);
-    m_view->setCurrentCell(row, m_state->col);
+    setCurrentCell(row, m_state->col);
 }
 
 int XGrid::col() const {
@@ -107,15 +126,24 @@ int XGrid::col() const {
 
 void XGrid::setCol(int col) {
     checkSubscript(col >= 0 && col < m_state->cols());
-    m_view->setCurrentCell(m_state->row, col);
+    setCurrentCell(m_state->row, col);
+}
+
+void XGrid::setCurrentCell(int row, int col) {
+    if (m_view || row >= 1) {
+        view().setCurrentCell(row, col);
+        return;
+    }
+    m_state->row = row;
+    m_state->col = col;
 }
 
 int XGrid::rowSel() const {
-    return m_view->rowSel();
+    return m_view ? m_view->rowSel() : m_state->row;
 }
 
 int XGrid::topRow() const {
-    return m_view->rowAt(0) + 1;
+    return m_view ? m_view->rowAt(0) + 1 : 0;
 }
 
 void XGrid::setTopRow(int row) {
@@ -123,7 +151,7 @@ void XGrid::setTopRow(int row) {
     if (row < 1)
         row = 1;
     if (row < m_state->rows)
-        m_view->showAtTop(row);
+        view().showAtTop(row);
 }
 
 QString XGrid::text(int row, int col) const {
@@ -170,20 +198,23 @@ void XGrid::setFourthColor(quint32 color) {
 }
 
 void XGrid::refreshRow(int row) {
-    m_view->repaintRow(row);
+    if (m_view)
+        m_view->repaintRow(row);
 }
 
 void XGrid::refresh() {
+    if (!m_view)
+        return;
     m_view->viewport()->update();
     m_view->horizontalHeader()->viewport()->update();
 }
 
 bool XGrid::isEditing() const {
-    return m_view->editing().isActive();
+    return m_view && m_view->editing().isActive();
 }
 
 bool XGrid::commitEdit() {
-    return m_view->editing().commit();
+    return !m_view || m_view->editing().commit();
 }
 
 void XGrid::columnDragged(int column, int width) {
@@ -202,6 +233,7 @@ void XGrid::changeEvent(QEvent* event) {
 
 void XGrid::showEvent(QShowEvent* event) {
     QFrame::showEvent(event);
+    view().show(); // one made just now is not among the children that show with the grid
     if (QWindow* inWindow = window()->windowHandle())
         connect(inWindow, &QWindow::screenChanged, m_view, &XGridView::layOut, Qt::UniqueConnection);
 }

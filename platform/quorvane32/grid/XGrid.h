@@ -81,10 +81,14 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    /// The table that shows the grid, made when the grid is first shown or its cursor enters a row: a grid on
+    /// a page that nobody has opened yet costs nothing.
+    XGridView& view();
+    void setCurrentCell(int row, int col);
     void columnDragged(int column, int width);
 
     std::unique_ptr<XGridState> m_state;
-    XGridView* m_view;
+    XGridView* m_view = nullptr;
     bool m_draggingColumn = false;
 };
 
