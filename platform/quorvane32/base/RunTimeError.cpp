@@ -17,6 +17,13 @@ constexpr Description descriptions[] = {
     {ErrorFileNotFound, u"No se encontró el archivo"},
     {ErrorObjectNotSet, u"Variable de objeto no establecida"},
     {ErrorInvalidNull, u"Uso no válido de Null"},
+    {ErrorLinkNoAnswer, u"Ninguna aplicación externa respondió a una iniciación de DDE"},
+    {ErrorLinkRefused, u"La aplicación externa no realizó el método o la operación de DDE"},
+    {ErrorLinkTimeout, u"Se agotó el tiempo de espera de la respuesta de DDE"},
+    {ErrorLinkFormat, u"Los datos de DDE tienen un formato incorrecto"},
+    {ErrorLinkQuit, u"La aplicación externa terminó"},
+    {ErrorLinkNotOpen, u"Se llamó a un método de DDE sin un canal abierto"},
+    {ErrorLinkTopic, u"No se puede establecer LinkMode: LinkTopic no es válido"},
     {ErrorNoCurrentRecord, u"El valor de BOF o EOF es True, o el registro actual se eliminó; la operación "
                            u"solicitada requiere un registro actual"},
     {ErrorItemNotFound, u"No se encontró el elemento en la colección que corresponde con el nombre o el "
