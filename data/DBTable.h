@@ -119,6 +119,14 @@ public:
     const std::vector<CurrencyEntry>& currencies() const { return m_currencies; }
     const QStringList& units() const { return m_units; }
 
+    /// The full code of the first document type that begins with the text. These lookups give "" when there
+    /// is none and raise the database's errors.
+    QString GetFORMATOTIPODOCUMENTO(const QString& TipoDocumento) const;
+    /// The account of the first document of a type and number.
+    QString GetCTACTE(const QString& TipoDocto, const QString& Correlativo) const;
+    /// Whether a document was issued: "S" or "N".
+    QString GetDocEmitido(const QString& TipoDocumento, const QString& CtaCte, const QString& Numero) const;
+
     /// Connects the reports; 0 when that went well or there are none.
     int CR_Connect(const QString& connectString);
     /// Plugs in the report side; without one there are no reports to list.
@@ -153,6 +161,9 @@ public:
     /// Local currency.
     QString SysMoneda;
     bool LecturaTotal = false;
+    /// The program that a report line was last followed to, and what it is called there.
+    QString NavegaReportTag;
+    QString NavegaReportCap;
 
 private:
     /// Whether the user's rights hold the letter at the position (from 1).
@@ -194,6 +205,9 @@ private:
     /// The record's audit entry; what has been committed stays so even when it cannot be audited.
     void auditCommitted(int code);
     QString auditText() const;
+
+    /// The first field of the statement's first row as text, "" without rows.
+    QString firstText(const SqlStatement& statement) const;
 
     bool loadConfiguration();
     bool loadCurrencies();
