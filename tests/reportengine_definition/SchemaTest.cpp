@@ -1,5 +1,6 @@
 #include "tests/reportengine_definition/DamageCases.h"
 #include "tests/reportengine_definition/DefinitionFile.h"
+#include <QFile>
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -30,6 +31,19 @@ QStringList validFiles(const QStringList& paths) {
 TEST(SchemaTest, AcceptsTheShippedDefinitions) {
     ASSERT_EQ(shippedDefinitions().size(), 4);
     EXPECT_EQ(validFiles(shippedDefinitions()), shippedDefinitions());
+}
+
+TEST(SchemaTest, AcceptsTheExampleOfTheReferencePageAndSoDoesTheReader) {
+    QFile page(QStringLiteral(REFERENCE_PAGE));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QByteArray text = page.readAll();
+    const QByteArray mark = "```xml\n";
+    const qsizetype begin = text.indexOf(mark) + mark.size();
+    ASSERT_GE(begin, mark.size());
+    const DefinitionFolder folder;
+    const QString path = folder.write(u"example"_s, text.mid(begin, text.indexOf("```", begin) - begin));
+    EXPECT_EQ(outcomeOf(path).error, 0) << outcomeOf(path).description.toStdString();
+    EXPECT_EQ(validFiles({path}), QStringList{path});
 }
 
 TEST(SchemaTest, AcceptsWhatTheReaderAccepts) {
