@@ -8,12 +8,14 @@ namespace quorvane::report {
 
 /// A section that has been laid out: what it shows, not yet as text.
 struct Band {
-    int section = 0;             ///< position in Definition::sections
-    double top = 0;              ///< points from the page's upper edge
-    qint64 row = -1;             ///< the row in report order that it stands for
-    bool odd = false;            ///< details: the second of two rows, for the tinted ground
-    bool repeated = false;       ///< a group header that comes again on a further page of its group
-    std::vector<Value> values;   ///< one an object of the section; Empty where the object has none of its own
+    int section = 0;       ///< position in Definition::sections
+    double top = 0;        ///< points from the page's upper edge
+    qint64 row = -1;       ///< the row in report order that it stands for
+    bool odd = false;      ///< details: the second of two rows, for the tinted ground
+    bool repeated = false; ///< a group header that comes again on a further page of its group
+    /// One an object of the section: a field's value, a sum or count; Empty where the object has none of its
+    /// own or shows what is known at drawing only (page numbers, formulas, the date of printing).
+    std::vector<Value> values;
     std::vector<bool> condition; ///< one an object: whether its condition holds (empty: none does)
 };
 
