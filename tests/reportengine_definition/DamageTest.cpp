@@ -58,12 +58,12 @@ TEST_F(BadFileTest, AnEmptyFileEndsBeforeItBegins) {
 }
 
 TEST_F(BadFileTest, MoreThanTenMegabytesAreNotLookedAt) {
-    const QByteArray large = smallDefinition() + QByteArray(10 * 1024 * 1024, ' ');
+    const QByteArray large = smallDefinition() + QByteArray(10'485'760, ' ');
     EXPECT_TRUE(reasonFor(large).contains(u"línea 1: el archivo pasa de 10 MB"_s));
 }
 
 TEST_F(BadFileTest, JunkOfAlmostTenMegabytes) {
-    const int size = 10 * 1024 * 1024 - 1'000;
+    const int size = 10'484'760;
     EXPECT_TRUE(reasonFor(QByteArray(size, 'x')).contains(u"línea 1"_s));
     EXPECT_TRUE(reasonFor(QByteArray(size, '<')).contains(u"línea 1"_s));
     EXPECT_TRUE(reasonFor(QByteArray(size, '\0')).contains(u"línea 1"_s));

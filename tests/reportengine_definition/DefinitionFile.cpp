@@ -8,7 +8,7 @@
 namespace quorvane::report::test {
 
 QString DefinitionFolder::write(const QString& name, const QByteArray& content) const {
-    const QString path = m_folder.filePath(name + QStringLiteral(".rpt"));
+    QString path = m_folder.filePath(name + QStringLiteral(".rpt"));
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(file.write(content), content.size());

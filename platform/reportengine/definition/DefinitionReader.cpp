@@ -13,18 +13,18 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A definition is written by hand; what is larger is another file.
-constexpr qint64 largestFile = 10 * 1024 * 1024;
+constexpr qint64 largestFile = 10'485'760;
 
 QByteArray contentsOf(const QString& path) {
     const QString shown = QDir::toNativeSeparators(path);
     if (!QFileInfo(path).isFile())
-        throw RunTimeError(ErrorFileNotFound, u"No se encontró el archivo de informe '%1'"_s.arg(shown));
+        throw RunTimeError(ErrorFileNotFound, u"No se encontró el archivo de reporte '%1'"_s.arg(shown));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw RunTimeError(ErrorPathAccess, u"No se puede leer el archivo de informe '%1'"_s.arg(shown));
+        throw RunTimeError(ErrorPathAccess, u"No se puede leer el archivo de reporte '%1'"_s.arg(shown));
     QByteArray contents = file.read(largestFile + 1);
     if (file.error() != QFileDevice::NoError)
-        throw RunTimeError(ErrorPathAccess, u"No se puede leer el archivo de informe '%1'"_s.arg(shown));
+        throw RunTimeError(ErrorPathAccess, u"No se puede leer el archivo de reporte '%1'"_s.arg(shown));
     return contents;
 }
 
