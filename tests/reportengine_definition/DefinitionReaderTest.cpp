@@ -181,19 +181,40 @@ TEST_F(DefinitionReaderTest, RowsMayComeOrdered) {
     EXPECT_TRUE(definition.sortedBySource);
 }
 
+/// The small definition with a picture in its details.
+QByteArray illustrated(const QByteArray& file) {
+    return with(smallDefinition(), R"(<details height="5"/>)",
+                R"(<details height="5"><image left="0" top="0" width="5" height="5" file=")" + file +
+                    R"("/></details>)");
+}
+
 TEST_F(DefinitionReaderTest, AnImageLiesBesideTheDefinition) {
     QImage picture(12, 8, QImage::Format_RGB32);
     picture.fill(Qt::red);
-    const QByteArray content = with(
-        smallDefinition(), R"(<details height="5"/>)",
-        R"(<details height="5"><image left="0" top="0" width="5" height="5" file="logo.png"/></details>)");
-    const QString path = m_folder.write(u"imagen"_s, content);
+    const QString path = m_folder.write(u"imagen"_s, illustrated("logo.png"));
     ASSERT_TRUE(picture.save(QFileInfo(path).dir().filePath(u"logo.png"_s)));
-    const Definition definition = read(content);
+    const Definition definition = read(illustrated("logo.png"));
     const ReportObject& image = section(definition, SectionKind::Details).objects[0];
     EXPECT_EQ(image.kind, ObjectKind::Image);
     EXPECT_EQ(image.image.size(), QSize(12, 8));
     EXPECT_EQ(image.image.pixelColor(3, 3), QColor(Qt::red));
+}
+
+TEST_F(DefinitionReaderTest, AnImageBeyondItsLimitsIsRefused) {
+    QImage wide(4'001, 1, QImage::Format_Mono);
+    wide.fill(0);
+    const QDir folder = QFileInfo(m_folder.write(u"imagen"_s, illustrated("ancha.png"))).dir();
+    ASSERT_TRUE(wide.save(folder.filePath(u"ancha.png"_s)));
+    const Outcome tooWide = m_folder.read(illustrated("ancha.png"));
+    EXPECT_EQ(tooWide.error, ErrorFileFormat);
+    EXPECT_TRUE(tooWide.description.contains(u"línea 5: la imagen 'ancha.png' es demasiado grande"_s))
+        << tooWide.description.toStdString();
+
+    QFile heavy(folder.filePath(u"pesada.png"_s));
+    ASSERT_TRUE(heavy.open(QIODevice::WriteOnly) && heavy.resize(4'194'305));
+    const Outcome tooHeavy = m_folder.read(illustrated("pesada.png"));
+    EXPECT_EQ(tooHeavy.error, ErrorFileFormat);
+    EXPECT_TRUE(tooHeavy.description.contains(u"la imagen 'pesada.png' pasa de 4 MB"_s));
 }
 
 TEST_F(DefinitionReaderTest, AMarkOfTheByteOrderAndOtherEncodingsAreRead) {
