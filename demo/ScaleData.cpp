@@ -1,7 +1,10 @@
 #include "demo/ScaleData.h"
 
 #include "demo/RowInserter.h"
+#include "demo/SalesDocuments.h"
+#include <QStringList>
 #include <functional>
+#include <sqlite3.h>
 
 namespace dalvora::demo {
 
@@ -35,6 +38,19 @@ void addProductLines(RowInserter& lines, const QString& company, const ScaleData
                   QStringLiteral("Producto %1").arg(i + 1), Amount{i % 7 * bracketSize},
                   Amount{(i % 7 + 1) * bracketSize - 1}, percentOf(i), size.start, size.end, subTypes[i % 4],
                   i % 2 == 0 ? "Neto" : "Total");
+}
+
+/// The company's customers; a stranger when it has none.
+QStringList customersOf(sqlite3* database, const QString& company) {
+    const auto rows = quorvane::sqlite::prepare(
+        database, "SELECT CtaCte FROM ctacte WHERE Empresa = ? AND TipoCtaCte = 'CLIENTE' ORDER BY CtaCte");
+    const QByteArray code = company.toUtf8();
+    sqlite3_bind_text(rows.get(), 1, code.constData(), static_cast<int>(code.size()), SQLITE_STATIC);
+    QStringList customers;
+    while (sqlite3_step(rows.get()) == SQLITE_ROW)
+        customers.append(
+            QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), 0))));
+    return customers.isEmpty() ? QStringList{QStringLiteral("ALFKI")} : customers;
 }
 
 } // namespace
@@ -96,7 +112,9 @@ void ScaleData::addSalespeople(int count) const {
 void ScaleData::addDocuments(int count) const {
     constexpr int firstNumber = 1000001;
     constexpr int days = 1096;
+    constexpr int invoicesForANote = 20;
     inTransaction(m_path, [&](sqlite3* database) {
+        const QStringList customers = customersOf(database, m_company);
         RowInserter documents(
             database, "documento",
             "Empresa, TipoDocto, Numero, IdCtaCte, TipoCtaCte, Correlativo, Fecha, Vendedor, "
@@ -104,10 +122,12 @@ void ScaleData::addDocuments(int count) const {
         const QDate start(1996, 1, 1);
         for (int i = 0; i < count; ++i) {
             const Hundredths net = 1000 + i * 7919LL % 1000000;
-            documents.add(m_company, "FACTURA", QString::number(firstNumber + i), "ALFKI", "CLIENTE",
-                          firstNumber + i, start.addDays(i % days), u'0' + QString::number(i % 9 + 1), "USD",
-                          Amount{net}, Amount{net}, "S", Amount{net / 100}, Amount{net / 50},
-                          Amount{net / 200});
+            const bool isNote = i % invoicesForANote == invoicesForANote - 1;
+            documents.add(m_company, QString::fromUtf16(isNote ? creditNoteType : invoiceType),
+                          QString::number(firstNumber + i), customers[i * 31LL % customers.size()], "CLIENTE",
+                          firstNumber + i, start.addDays(qint64(i) * days / count),
+                          u'0' + QString::number(i % 9 + 1), "USD", Amount{net}, Amount{net}, "S",
+                          Amount{net / 100}, Amount{net / 50}, Amount{net / 200});
         }
     });
 }

@@ -28,8 +28,8 @@ public:
     void addProducts(int count) const;
     /// Salespeople S000001, S000002, ... without a scheme.
     void addSalespeople(int count) const;
-    /// Issued invoices numbered from 1000001, spread over the salespeople 01 to 09 and the years 1996 to
-    /// 1998, with commission amounts.
+    /// Issued invoices and, one in twenty, credit notes, numbered from 1000001 as the years 1996 to 1998 go
+    /// by, spread over the company's customers and the salespeople 01 to 09, with commission amounts.
     void addDocuments(int count) const;
 
 private:

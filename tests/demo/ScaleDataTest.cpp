@@ -46,6 +46,7 @@ TEST_F(ScaleDataTest, AddsManyOfEverythingElse) {
     EXPECT_EQ(count(QStringLiteral("producto")), 2000);
     EXPECT_EQ(count(QStringLiteral("gen_tabcod where tipo = 'gen_vendedor'")), 5001);
     EXPECT_EQ(count(QStringLiteral("documento where emitido = 'S' and Vendedor <> ''")), 3000);
+    EXPECT_EQ(count(QStringLiteral("documento where TipoDocto = 'NCREDITO'")), 150);
 }
 
 } // namespace
