@@ -47,6 +47,8 @@ ReportRows::Next ReportRows::next() {
     case Phase::Storing:
         storeSome();
         return Next::NotYet;
+    case Phase::Giving:
+        return give();
     case Phase::Merging:
         return merge();
     case Phase::Done:
@@ -81,10 +83,22 @@ void ReportRows::fetchSome() {
             appendKey(part, m_values[part.column], m_key);
         m_run.add({reinterpret_cast<const char*>(m_key.data()), m_key.size()}, m_row.view());
     }
-    if (m_run.isFull() || !m_source) {
-        m_run.sort();
-        m_phase = Phase::Storing;
+    if (!m_run.isFull() && m_source)
+        return;
+    m_run.sort();
+    m_phase = !m_source && m_store.segmentCount() == 0 ? Phase::Giving : Phase::Storing;
+}
+
+/// All rows are in one run: they need not move.
+ReportRows::Next ReportRows::give() {
+    if (count() == m_run.count()) {
+        m_phase = Phase::Done;
+        return Next::End;
     }
+    const quint32 offset = m_run.offsetOf(count());
+    m_current = m_run.recordAt(offset).row;
+    m_order.push_back({0, offset});
+    return Next::Row;
 }
 
 void ReportRows::storeSome() {

@@ -36,9 +36,10 @@ public:
     QByteArrayView row(qint64 index, ByteBuffer& scratch) const;
 
 private:
-    enum class Phase { Streaming, Fetching, Storing, Merging, Done };
+    enum class Phase { Streaming, Fetching, Storing, Giving, Merging, Done };
 
     Next stream();
+    Next give();
     Next merge();
     void fetchSome();
     void storeSome();

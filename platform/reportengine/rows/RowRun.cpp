@@ -15,6 +15,10 @@ bool RowRun::isFull() const {
 }
 
 quint32 RowRun::add(QByteArrayView key, QByteArrayView row) {
+    if (m_order.empty()) { // memory that is not used costs nothing, moving what has grown does
+        m_records.reserve(m_limits.runBytes);
+        m_order.reserve(static_cast<std::size_t>(m_limits.runRows));
+    }
     const auto offset = static_cast<quint32>(m_records.size());
     appendRecord(m_records, key, row);
     m_order.push_back({keyPrefix(key), offset});

@@ -11,11 +11,15 @@ class RowRun {
 public:
     explicit RowRun(const RowLimits& limits) : m_limits(limits) {}
 
-    bool isEmpty() const { return m_records.size() == 0; }
+    bool isEmpty() const { return m_order.empty(); }
+    qsizetype count() const { return std::ssize(m_order); }
     bool isFull() const;
     /// Where the record lies in the run: its offset.
     quint32 add(QByteArrayView key, QByteArrayView row);
     Record recordAt(quint32 offset) const { return report::recordAt(m_records.data() + offset); }
+
+    /// The offset of the record that is the given one in the order.
+    quint32 offsetOf(qsizetype index) const { return m_order[static_cast<std::size_t>(index)].offset; }
 
     /// By their keys; equal ones stay in the order in which they came.
     void sort();
