@@ -1,0 +1,240 @@
+#include "ui/toolbar/windows/WindowsToolbars.h"
+#include <array>
+#include <cstdlib>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+namespace dalvora::toolbar {
+
+namespace {
+
+/// Name of the window property that holds an Interception.
+constexpr const wchar_t* propertyName = L"DalvoraToolbarInterception";
+
+/// Longest caption that is read, with its final NUL.
+constexpr std::size_t captionSize = 256;
+
+/// Bits of a style byte that say what a button is; the others concern its width and its caption.
+constexpr quint8 kindBits = 0x0F;
+
+/// One window whose messages come here. It stays with the window after its release when another program part
+/// has come between, and then only hands on.
+struct Interception {
+    WNDPROC previous;
+    WindowProcedure* procedure;
+};
+
+HWND windowOf(NativeHandle handle) {
+    return reinterpret_cast<HWND>(handle);
+}
+
+Interception* interceptionOf(HWND window) {
+    return static_cast<Interception*>(GetPropW(window, propertyName));
+}
+
+void forget(HWND window) {
+    delete static_cast<Interception*>(RemovePropW(window, propertyName));
+}
+
+LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const Interception* interception = interceptionOf(window);
+    if (interception == nullptr)
+        return DefWindowProcW(window, message, wParam, lParam);
+    if (interception->procedure != nullptr)
+        return interception->procedure->receive(message, wParam, lParam);
+    const WNDPROC previous = interception->previous;
+    if (message == WM_NCDESTROY)
+        forget(window);
+    return CallWindowProcW(previous, window, message, wParam, lParam);
+}
+
+WNDPROC procedureOf(HWND window) {
+    return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+}
+
+class WindowsToolbars final : public NativeWindows {
+public:
+    NativeHandle findChild(NativeHandle parent, QStringView className) const override {
+        if (parent == 0)
+            return 0;
+        const std::wstring name = className.toString().toStdWString();
+        return reinterpret_cast<NativeHandle>(
+            FindWindowExW(windowOf(parent), nullptr, name.c_str(), nullptr));
+    }
+
+    bool isWindow(NativeHandle window) const override { return IsWindow(windowOf(window)) != FALSE; }
+
+    bool belongsToThisProcess(NativeHandle window) const override {
+        DWORD process = 0;
+        GetWindowThreadProcessId(windowOf(window), &process);
+        return process == GetCurrentProcessId();
+    }
+
+    bool isIntercepted(NativeHandle window) const override {
+        const Interception* interception = interceptionOf(windowOf(window));
+        return interception != nullptr && interception->procedure != nullptr;
+    }
+
+    std::optional<quint32> intercept(NativeHandle handle, WindowProcedure& procedure) override;
+    void release(NativeHandle handle) override;
+
+    qintptr callPrevious(NativeHandle window, quint32 message, quintptr wParam, qintptr lParam) override {
+        const Interception* interception = interceptionOf(windowOf(window));
+        return interception == nullptr
+                   ? 0
+                   : CallWindowProcW(interception->previous, windowOf(window), message, wParam, lParam);
+    }
+
+    qintptr send(NativeHandle window, quint32 message, quintptr wParam, qintptr lParam) override {
+        return SendMessageW(windowOf(window), message, wParam, lParam);
+    }
+
+    void invalidate(NativeHandle window) override { InvalidateRect(windowOf(window), nullptr, TRUE); }
+
+    QSize windowSize(NativeHandle window) const override {
+        RECT rect{};
+        GetWindowRect(windowOf(window), &rect);
+        return {rect.right - rect.left, rect.bottom - rect.top};
+    }
+
+    QPoint cursorIn(NativeHandle window) const override {
+        POINT point{};
+        GetCursorPos(&point);
+        ScreenToClient(windowOf(window), &point);
+        return {point.x, point.y};
+    }
+
+    bool isMenuVisible() const override;
+    ToolbarButton button(NativeHandle toolbar, int index) const override;
+    QFont font(NativeHandle font) const override;
+
+    QSize iconSize(NativeHandle imageList) const override {
+        int width = 0;
+        int height = 0;
+        ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(imageList), &width, &height);
+        return {width, height};
+    }
+
+    QPixmap image(NativeHandle imageList, int index) const override;
+    void paint(NativeHandle window, const std::function<QImage()>& draw) override;
+};
+
+std::optional<quint32> WindowsToolbars::intercept(NativeHandle handle, WindowProcedure& procedure) {
+    HWND window = windowOf(handle);
+    if (Interception* kept = interceptionOf(window)) {
+        kept->procedure = &procedure;
+        return std::nullopt;
+    }
+    auto interception = std::make_unique<Interception>(Interception{procedureOf(window), &procedure});
+    if (SetPropW(window, propertyName, interception.get()) == FALSE)
+        return GetLastError();
+    SetLastError(ERROR_SUCCESS);
+    const LONG_PTR previous =
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&receiveMessage));
+    const DWORD error = GetLastError();
+    if (previous == 0 && error != ERROR_SUCCESS) {
+        RemovePropW(window, propertyName);
+        return error;
+    }
+    // From here on the property owns it.
+    (void)interception.release();
+    return std::nullopt;
+}
+
+void WindowsToolbars::release(NativeHandle handle) {
+    HWND window = windowOf(handle);
+    Interception* interception = interceptionOf(window);
+    if (interception == nullptr)
+        return;
+    interception->procedure = nullptr;
+    if (procedureOf(window) != &receiveMessage)
+        return;
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(interception->previous));
+    forget(window);
+}
+
+bool WindowsToolbars::isMenuVisible() const {
+    const std::wstring name = menuClass.toString().toStdWString();
+    HWND menu = nullptr;
+    while ((menu = FindWindowExW(nullptr, menu, name.c_str(), nullptr)) != nullptr)
+        if (IsWindowVisible(menu) != FALSE)
+            return true;
+    return false;
+}
+
+ToolbarButton WindowsToolbars::button(NativeHandle toolbar, int index) const {
+    std::array<char, captionSize> caption{};
+    TBBUTTONINFOA info{};
+    info.cbSize = sizeof(info);
+    info.dwMask = TBIF_BYINDEX | TBIF_STYLE | TBIF_STATE | TBIF_IMAGE | TBIF_TEXT;
+    info.pszText = caption.data();
+    info.cchText = captionSize - 1;
+    const auto place = static_cast<WPARAM>(index);
+    SendMessageA(windowOf(toolbar), message::GetButtonInfo, place, reinterpret_cast<LPARAM>(&info));
+    RECT rect{};
+    if (SendMessageA(windowOf(toolbar), message::GetItemRect, place, reinterpret_cast<LPARAM>(&rect)) ==
+        FALSE)
+        rect = {};
+    ToolbarButton button;
+    button.style = static_cast<quint8>(info.fsStyle & kindBits);
+    button.state = info.fsState;
+    button.rect = {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+    button.image = info.iImage;
+    button.caption = QString::fromLocal8Bit(QByteArrayView(caption.data(), captionSize));
+    return button;
+}
+
+QFont WindowsToolbars::font(NativeHandle font) const {
+    LOGFONTW source{};
+    if (GetObjectW(reinterpret_cast<HGDIOBJ>(font), sizeof(source), &source) == 0)
+        return {};
+    QFont result(QString::fromWCharArray(source.lfFaceName));
+    if (source.lfHeight != 0)
+        result.setPixelSize(std::abs(source.lfHeight));
+    if (source.lfWeight >= FW_BOLD)
+        result.setBold(true);
+    result.setItalic(source.lfItalic != 0);
+    return result;
+}
+
+QPixmap WindowsToolbars::image(NativeHandle imageList, int index) const {
+    HICON icon = ImageList_GetIcon(reinterpret_cast<HIMAGELIST>(imageList), index, ILD_TRANSPARENT);
+    if (icon == nullptr)
+        return {};
+    const QImage image = QImage::fromHICON(icon);
+    DestroyIcon(icon);
+    return QPixmap::fromImage(image);
+}
+
+void WindowsToolbars::paint(NativeHandle handle, const std::function<QImage()>& draw) {
+    HWND window = windowOf(handle);
+    PAINTSTRUCT painting{};
+    HDC context = BeginPaint(window, &painting);
+    const QImage picture = draw().convertToFormat(QImage::Format_RGB32);
+    if (IsWindow(window) == FALSE)
+        return;
+    if (!picture.isNull()) {
+        BITMAPINFO header{};
+        header.bmiHeader.biSize = sizeof(header.bmiHeader);
+        header.bmiHeader.biWidth = picture.width();
+        header.bmiHeader.biHeight = -picture.height(); // rows from top to bottom
+        header.bmiHeader.biPlanes = 1;
+        header.bmiHeader.biBitCount = 32;
+        header.bmiHeader.biCompression = BI_RGB;
+        const auto width = static_cast<DWORD>(picture.width());
+        const auto height = static_cast<DWORD>(picture.height());
+        SetDIBitsToDevice(context, 0, 0, width, height, 0, 0, 0, height, picture.constBits(), &header,
+                          DIB_RGB_COLORS);
+    }
+    EndPaint(window, &painting);
+}
+
+} // namespace
+
+std::unique_ptr<NativeWindows> windowSystem() {
+    return std::make_unique<WindowsToolbars>();
+}
+
+} // namespace dalvora::toolbar
