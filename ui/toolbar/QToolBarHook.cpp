@@ -5,6 +5,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolBar>
+#include <cmath>
 
 namespace dalvora::toolbar {
 
@@ -95,8 +96,9 @@ bool QToolBarHook::filterChild(QObject* child, QEvent* event) {
 void QToolBarHook::paint(const QPaintEvent& event) const {
     const QPointer<QToolBar> toolbar = m_toolbar;
     const ToolbarPainter painter = m_painter;
-    const QRect part = event.rect();
     const qreal scale = toolbar->devicePixelRatio();
+    // A part may begin inside a screen pixel when these are not whole ones.
+    const QRect part = scale == std::floor(scale) ? event.rect() : toolbar->rect();
     IconImages images(toolbar->iconSize(), scale);
     const ToolbarDescription bar = describeToolbar(*toolbar, m_textOnRight, images);
     const QImage picture = painter.paint(bar, images, part, scale);
