@@ -15,6 +15,8 @@ DocumentLine documentLine(const OrderLine& line, int tax) {
     result.quantity = line.quantity;
     result.net = roundedShare(line.price * line.quantity, 100 - line.discount, 100);
     result.tax = roundedShare(result.net, tax, 100);
+    result.price = line.price;
+    result.discount = line.discount;
     return result;
 }
 

@@ -19,6 +19,8 @@ struct DocumentLine {
     qint64 quantity = 0;
     Hundredths net = 0;
     Hundredths tax = 0;
+    Hundredths price = 0;
+    qint64 discount = 0; ///< per cent
 };
 
 /// What a document sells for: the sums of its lines.

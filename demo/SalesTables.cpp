@@ -31,6 +31,14 @@ void writeLine(RowInserter& lines, const Company& company, const Scheme& scheme,
               Amount{line.percent}, scheme.start, scheme.end, line.subType, basis);
 }
 
+void writeDocumentLines(RowInserter& lines, const Company& company, const SalesDocument& document) {
+    int number = 0;
+    for (const DocumentLine& line : document.lines)
+        lines.add(company.code, document.type, QString::number(document.number), document.customer, ++number,
+                  company.data.products[line.product].code, line.quantity, Amount{line.price}, line.discount,
+                  Amount{line.net}, Amount{line.tax});
+}
+
 } // namespace
 
 void writeSchemes(sqlite3* database, const Company& company) {
@@ -65,6 +73,9 @@ void writeDocuments(sqlite3* database, const Company& company) {
                           "Empresa, TipoDocto, Numero, IdCtaCte, TipoCtaCte, Correlativo, Fecha, Vendedor, "
                           "LisPrecio, Moneda, Neto, Impuesto, Flete, Total, Emitido, Vigencia, "
                           "ComisionMonto, ComisionCantidad, ComisionlPrecio");
+    RowInserter lines(database, "documentod",
+                      "Empresa, TipoDocto, Numero, IdCtaCte, Linea, Producto, Cantidad, Precio, Descuento, "
+                      "Neto, Impuesto");
     int position = 0;
     for (const SalesDocument& document : company.documents) {
         const Amounts amounts = amountsOf(document.lines);
@@ -80,6 +91,7 @@ void writeDocuments(sqlite3* database, const Company& company) {
                       Amount{amounts.withTax() + document.freight}, issued ? "S" : "N", voided ? "A" : "V",
                       part(&Commission::byAmount), part(&Commission::byQuantity),
                       part(&Commission::byPriceList));
+        writeDocumentLines(lines, company, document);
         ++position;
     }
 }

@@ -5,10 +5,13 @@
 
 namespace dalvora {
 
-void yieldToMessageLoop() {
-    constexpr std::chrono::microseconds moment(50);
+void MessageLoop::operator()() {
+    constexpr int roundsBetweenRests = 40;
+    constexpr std::chrono::milliseconds rest(1);
     QCoreApplication::processEvents();
-    std::this_thread::sleep_for(moment);
+    m_rounds = (m_rounds + 1) % roundsBetweenRests;
+    if (m_rounds == 0)
+        std::this_thread::sleep_for(rest);
 }
 
 } // namespace dalvora

@@ -15,7 +15,7 @@ class ProgramStarter;
 struct TopicSurroundings {
     ProgramStarter& starter;
     QString programFolder;               ///< our own, without a separator at its end
-    std::function<void()> yield;         ///< one round of the message loop: yieldToMessageLoop
+    std::function<void()> yield;         ///< one round of the message loop: MessageLoop
     std::function<void(int)> setPointer; ///< of the mouse: 11 hourglass, 0 as usual
 };
 

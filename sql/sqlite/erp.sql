@@ -136,3 +136,19 @@ CREATE TABLE documento (
     PRIMARY KEY (Empresa, TipoDocto, Numero, IdCtaCte)
 );
 CREATE INDEX documento_fecha ON documento (Empresa, Fecha);
+
+-- Lines of sales documents. Neto = Cantidad x Precio less Descuento per cent.
+CREATE TABLE documentod (
+    Empresa TEXT NOT NULL COLLATE ERP_ES,
+    TipoDocto TEXT NOT NULL COLLATE ERP_ES,
+    Numero TEXT NOT NULL COLLATE ERP_ES,
+    IdCtaCte TEXT NOT NULL COLLATE ERP_ES,
+    Linea INTEGER NOT NULL,
+    Producto TEXT NOT NULL COLLATE ERP_ES,
+    Cantidad DECIMAL(18, 6) NOT NULL DEFAULT 0,
+    Precio DECIMAL(18, 6) NOT NULL DEFAULT 0,
+    Descuento DECIMAL(18, 6) NOT NULL DEFAULT 0,
+    Neto DECIMAL(18, 6) NOT NULL DEFAULT 0,
+    Impuesto DECIMAL(18, 6) NOT NULL DEFAULT 0,
+    PRIMARY KEY (Empresa, TipoDocto, Numero, IdCtaCte, Linea)
+) WITHOUT ROWID;

@@ -107,6 +107,24 @@ TEST_F(DemonstrationTest, NetAmountsAreThoseOfTheOrderLines) {
     EXPECT_NEAR(total, 1265793.29, 0.001); // summed once with another program
 }
 
+TEST_F(DemonstrationTest, EveryDocumentHasItsLines) {
+    const auto rows = static_cast<double>(csv("order_details").rowCount());
+    EXPECT_EQ(number(u"select count(*) from documentod where empresa = '001' and tipodocto like 'FAC%'"_qs),
+              rows);
+    EXPECT_EQ(
+        number(u"select count(*) from documento d left join (select empresa, tipodocto, numero, idctacte, "
+               "sum(neto) neto, sum(impuesto) impuesto, count(*) lineas, max(linea) ultima from documentod "
+               "group by empresa, tipodocto, numero, idctacte) l on l.empresa = d.empresa and l.tipodocto = "
+               "d.tipodocto and l.numero = d.numero and l.idctacte = d.idctacte where l.neto is null or "
+               "abs(l.neto - d.neto) > 0.001 or abs(l.impuesto - d.impuesto) > 0.001 or l.lineas <> "
+               "l.ultima"_qs),
+        0);
+    EXPECT_EQ(number(u"select count(*) from documentod where abs(cantidad * precio * (100 - descuento) / 100.0 "
+                     u"- neto) > "
+                     "0.0051"_qs),
+              0);
+}
+
 TEST_F(DemonstrationTest, DatesFreightAndCustomersAreThoseOfTheOrders) {
     const CsvTable orders = csv("orders");
     const auto column = [&](const char* name) { return orders.column(QLatin1String(name)); };

@@ -180,6 +180,8 @@ std::unique_ptr<Engine> openEngine(const QString& connectString) {
                                                          ok ? timeout : usualTimeout);
     if (options.value(QStringLiteral("synchronous")).compare(u"normal", Qt::CaseInsensitive) == 0)
         engine->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    if (options.value(QStringLiteral("readonly")).compare(u"s", Qt::CaseInsensitive) == 0)
+        engine->execute(QStringLiteral("PRAGMA query_only = ON"));
     return engine;
 }
 

@@ -1,0 +1,48 @@
+#include "demo/lorbadeno/DocumentProgram.h"
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/session/Profile.h"
+#include "platform/skin/ImageList.h"
+#include "platform/skin/SkinFramework.h"
+#include "platform/skin/UiFont.h"
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <cstdio>
+
+namespace {
+
+void dress(dalvora::lorbadeno::DocumentWindow& window) {
+    skin::SkinFramework framework;
+    try {
+        framework.loadSkin(QCoreApplication::applicationDirPath() +
+                               QStringLiteral("/../Styles/Office2007.cjstyles"),
+                           QStringLiteral("LightBlue.ini"));
+    } catch (const quorvane::RunTimeError&) {
+        // The toolkit's own look will do.
+    }
+    framework.applyWindow(window);
+    framework.setApplyOptions(skin::ApplyToNewWindows);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Spanish));
+    QTranslator texts;
+    if (texts.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&texts);
+    QApplication::setApplicationName(QStringLiteral("Lorbadeno"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setFont(skin::uiFont());
+    QApplication::setWindowIcon(skin::windowIcon());
+
+    dalvora::lorbadeno::DocumentProgram program(quorvane::Profile::defaultFolder());
+    dress(program.window());
+    if (!program.start()) {
+        std::fputs("Lorbadeno ya está en ejecución, o no puede recibir requerimientos.\n", stderr);
+        return 1;
+    }
+    return QApplication::exec();
+}
