@@ -1,9 +1,11 @@
 #include "demo/lorbadeno/DocumentSheet.h"
 #include "demo/lorbadeno/LineTable.h"
 #include <QFontInfo>
+#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace dalvora::lorbadeno {
@@ -16,6 +18,7 @@ constexpr int paperWidth = 780;
 constexpr int paperMargin = 36;
 constexpr int titleWidth = 250;
 constexpr QColor paper(255, 255, 255);
+constexpr QColor edge(170, 180, 195);
 constexpr QColor ink(32, 32, 32);
 constexpr QColor paleInk(110, 110, 110);
 constexpr QColor titleInk(176, 32, 32);
@@ -40,7 +43,7 @@ QFrame* rule() {
     frame->setFixedHeight(1);
     frame->setAutoFillBackground(true);
     QPalette palette = frame->palette();
-    palette.setColor(QPalette::Window, QColor(200, 200, 200));
+    palette.setColor(QPalette::Window, edge);
     frame->setPalette(palette);
     return frame;
 }
@@ -54,8 +57,6 @@ QString codeAndLabel(const Labelled& item) {
 DocumentSheet::DocumentSheet(const StoredDocument& document, const quorvane::RegionalSettings& regional)
     : m_regional(regional) {
     setObjectName(u"DocumentSheet"_s);
-    setFrameShape(QFrame::Box);
-    setAutoFillBackground(true);
     QPalette palette(paper);
     palette.setColor(QPalette::Window, paper);
     palette.setColor(QPalette::Base, paper);
@@ -72,6 +73,13 @@ DocumentSheet::DocumentSheet(const StoredDocument& document, const quorvane::Reg
     layout->addLayout(facts(document));
     layout->addWidget(lines(document));
     layout->addLayout(totals(document));
+}
+
+void DocumentSheet::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(edge);
+    painter.setBrush(paper);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 QLabel* DocumentSheet::label(const QString& name, const QString& text) {

@@ -2,18 +2,20 @@
 
 #include "demo/lorbadeno/StoredDocument.h"
 #include "platform/quorvane32/base/RegionalSettings.h"
-#include <QFrame>
+#include <QWidget>
 
-class QGridLayout;
 class QLabel;
 class QLayout;
 
 namespace dalvora::lorbadeno {
 
 /// A document on paper: who sold it, what it is, to whom, what was sold, what it costs.
-class DocumentSheet : public QFrame {
+class DocumentSheet : public QWidget {
 public:
     DocumentSheet(const StoredDocument& document, const quorvane::RegionalSettings& regional);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QLayout* letterHead(const StoredDocument& document);

@@ -53,7 +53,7 @@ DocumentWindow::DocumentWindow(quorvane::RegionalSettings regional)
     layout->addWidget(m_desk, 1);
     layout->addLayout(foot);
     resize(usualSize);
-    close->setFocus();
+    m_desk->setFocus(); // the keyboard scrolls
 }
 
 void DocumentWindow::showDocument(const StoredDocument& document) {

@@ -15,6 +15,7 @@ struct Heading {
     Qt::Alignment alignment;
 };
 
+constexpr int rowSpace = 10;
 constexpr int textWidth = 0; ///< what the others leave
 
 const Heading headings[ColumnCount] = {
@@ -37,6 +38,7 @@ LineTable::LineTable(const StoredDocument& document, const quorvane::RegionalSet
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowSpace);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     for (int column = 0; column < ColumnCount; ++column) {
         const Heading& heading = headings[column];
