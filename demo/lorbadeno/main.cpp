@@ -1,4 +1,5 @@
 #include "demo/lorbadeno/DocumentProgram.h"
+#include "demo/lorbadeno/VncPort.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/session/Profile.h"
 #include "platform/skin/ImageList.h"
@@ -25,9 +26,21 @@ void dress(dalvora::lorbadeno::DocumentWindow& window) {
     framework.setApplyOptions(skin::ApplyToNewWindows);
 }
 
+/// Where windows are served over VNC each program is a screen of its own: this one's is beside that of the
+/// program that started it.
+void takeOwnScreen() {
+    const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM");
+    const int port = dalvora::lorbadeno::ownVncPort(platform);
+    if (port == 0)
+        return;
+    qputenv("QT_QPA_PLATFORM", dalvora::lorbadeno::withVncPort(platform, port).toLocal8Bit());
+    std::fprintf(stderr, "Los documentos se ven por VNC en 127.0.0.1:%d (sólo este equipo).\n", port);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    takeOwnScreen();
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Spanish));
     QTranslator texts;

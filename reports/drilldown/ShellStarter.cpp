@@ -28,10 +28,10 @@ QString nativePath(QString path) {
 } // namespace
 
 QString ShellStarter::find(const QString& file) const {
-    const QString path = nativePath(file);
+    QString path = nativePath(file);
     if (path.contains(u'/') || path.contains(u'\\'))
         return path;
-    const QString beside = m_programFolder + u'/' + path;
+    QString beside = m_programFolder + u'/' + path;
     if (QFileInfo::exists(beside))
         return beside;
     return QStandardPaths::findExecutable(path);
