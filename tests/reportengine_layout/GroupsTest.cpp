@@ -87,6 +87,14 @@ TEST_F(Groups, AFooterTakesTheLastDetailAlong) {
     EXPECT_EQ(allPages(), QStringList({u"grupo a, línea 1, línea 2, línea 3"_s, u"línea 4, suma 10"_s}));
 }
 
+TEST_F(Groups, AHeaderStaysWithItsDetailRatherThanTheDetailWithTheFooter) {
+    addGroup();
+    definition.sections[2].height = 75; // detail and footer fit on a page, the header above them does not
+    layOut(u"a1 b2"_s);
+    EXPECT_EQ(allPages(),
+              QStringList({u"grupo a, línea 1"_s, u"suma 1"_s, u"grupo b, línea 2"_s, u"suma 2"_s}));
+}
+
 TEST_F(Groups, AFooterThatFitsOnNoPageWithADetailGoesAlone) {
     addGroup();
     definition.sections[2].height = 90;

@@ -241,9 +241,9 @@ int Layout::Impl::pageOfRow(qint64 row) const {
 std::vector<Value> Layout::Impl::row(qint64 row) {
     checkRow(row);
     const RowReader& reader = m_shown.at(row);
-    std::vector<Value> values;
-    for (int column = 0; column < static_cast<int>(m_definition.columns.size()); ++column)
-        values.push_back(reader.value(column));
+    std::vector<Value> values(m_definition.columns.size());
+    for (std::size_t column = 0; column < values.size(); ++column)
+        values[column] = reader.value(static_cast<int>(column));
     return values;
 }
 

@@ -39,7 +39,7 @@ void PageWalker::begin(int page, const PageStart& start, int level, bool isEnd) 
 
 bool PageWalker::walkRow(int level, int nextLevel) {
     Share share = shareOf(level, false);
-    share.tail = m_plan.footersFrom[nextLevel].height;
+    share.tail = m_plan.footersFrom[nextLevel].kept;
     if (!walk(share))
         return false;
     ++m_place.row;
@@ -115,11 +115,12 @@ bool PageWalker::beginsPage(const Share& share) const {
 }
 
 /// A header needs room for the first details under it, the last details for the footers behind them; when a
-/// page has not that much room, less must do.
+/// page has not that much room, less must do. What follows a header stays under it if it fits at all.
 double PageWalker::heightNeeded(const Share& share) const {
     const int step = m_place.step;
     const double own = height(share.section(step));
-    if (step < share.headersFrom() || share.isEnd)
+    const bool isFirst = step == share.headersFrom();
+    if (share.isEnd || step < share.headersFrom() || (!isFirst && step >= share.bodyFrom()))
         return own;
     double rest = 0;
     double untilDetails = 0;
@@ -129,10 +130,11 @@ double PageWalker::heightNeeded(const Share& share) const {
             untilDetails = rest;
     }
     const double room = bodyHeight() - m_plan.repeated[openGroups(share)].height + hair;
-    for (const double wanted : {rest + share.tail, rest, untilDetails})
-        if (wanted <= room)
-            return wanted;
-    return own;
+    if (isFirst && rest + share.tail <= room)
+        return rest + share.tail;
+    if (isFirst && rest <= room)
+        return rest;
+    return untilDetails <= room ? untilDetails : own;
 }
 
 /// How many groups, from the outermost, have their header on an earlier page and go on.

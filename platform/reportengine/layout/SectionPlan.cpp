@@ -5,13 +5,16 @@ namespace quorvane::report {
 namespace {
 
 void add(SectionList& list, const Definition& definition, int section) {
+    const Section& added = definition.sections[section];
     list.sections.push_back(section);
-    list.height += definition.sections[section].height;
+    if (list.kept == list.height && !added.newPageBefore)
+        list.kept += added.height;
+    list.height += added.height;
 }
 
-void append(SectionList& list, const SectionList& more) {
-    list.sections.insert(list.sections.end(), more.sections.begin(), more.sections.end());
-    list.height += more.height;
+void append(SectionList& list, const Definition& definition, const SectionList& more) {
+    for (const int section : more.sections)
+        add(list, definition, section);
 }
 
 SectionList sectionsOf(const Definition& definition, SectionKind kind, int group = 0) {
@@ -36,9 +39,9 @@ SectionPlan::SectionPlan(const Definition& definition)
     const int groups = static_cast<int>(definition.groups.size());
     for (int group = groups - 1; group >= 0; --group) {
         footersFrom[group] = footersFrom[group + 1];
-        append(footersFrom[group], sectionsOf(definition, SectionKind::GroupFooter, group));
+        append(footersFrom[group], definition, sectionsOf(definition, SectionKind::GroupFooter, group));
         headersFrom[group] = sectionsOf(definition, SectionKind::GroupHeader, group);
-        append(headersFrom[group], headersFrom[group + 1]);
+        append(headersFrom[group], definition, headersFrom[group + 1]);
     }
     for (int group = 0; group < groups; ++group) {
         repeated[group + 1] = repeated[group];

@@ -9,6 +9,7 @@ namespace quorvane::report {
 struct SectionList {
     std::vector<int> sections; ///< positions in Definition::sections
     double height = 0;
+    double kept = 0; ///< the height before the first one that begins a page
 
     int size() const { return static_cast<int>(sections.size()); }
 };

@@ -51,6 +51,10 @@ qint64 unfolded(quint64 number) {
     return static_cast<qint64>(number >> 1) ^ -static_cast<qint64>(number & 1);
 }
 
+void appendTag(ByteBuffer& row, Tag tag) {
+    *row.grow(1) = tag;
+}
+
 void appendSigned(ByteBuffer& row, Tag tag, qint64 number) {
     char* const start = row.grow(1 + longestNumber);
     *start = tag;
@@ -175,41 +179,29 @@ std::optional<double> numberOf(const Value& value) {
 void appendValue(ByteBuffer& row, const Value& value) {
     switch (value.kind()) {
     case Kind::Empty:
-        *row.grow(1) = EmptyTag;
-        break;
+        return appendTag(row, EmptyTag);
     case Kind::Null:
-        *row.grow(1) = NullTag;
-        break;
+        return appendTag(row, NullTag);
     case Kind::Integer:
-        appendSigned(row, IntegerTag, *value.get<qint16>());
-        break;
+        return appendSigned(row, IntegerTag, *value.get<qint16>());
     case Kind::Long:
-        appendSigned(row, LongTag, *value.get<qint32>());
-        break;
+        return appendSigned(row, LongTag, *value.get<qint32>());
     case Kind::Single:
-        appendRaw(row, SingleTag, *value.get<float>());
-        break;
+        return appendRaw(row, SingleTag, *value.get<float>());
     case Kind::Double:
-        appendRaw(row, DoubleTag, *value.get<double>());
-        break;
+        return appendRaw(row, DoubleTag, *value.get<double>());
     case Kind::Currency:
-        appendSigned(row, CurrencyTag, value.get<Value::Currency>()->tenThousandths);
-        break;
+        return appendSigned(row, CurrencyTag, value.get<Value::Currency>()->tenThousandths);
     case Kind::Date:
-        appendDate(row, *value.get<Date>());
-        break;
+        return appendDate(row, *value.get<Date>());
     case Kind::String:
-        appendText(row, *value.get<QString>());
-        break;
+        return appendText(row, *value.get<QString>());
     case Kind::Boolean:
-        *row.grow(1) = *value.get<bool>() ? TrueTag : FalseTag;
-        break;
+        return appendTag(row, *value.get<bool>() ? TrueTag : FalseTag);
     case Kind::Decimal:
-        appendDecimal(row, *value.get<Decimal>());
-        break;
+        return appendDecimal(row, *value.get<Decimal>());
     case Kind::Byte:
-        appendRaw(row, ByteTag, *value.get<quint8>());
-        break;
+        return appendRaw(row, ByteTag, *value.get<quint8>());
     }
 }
 
