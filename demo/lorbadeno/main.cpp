@@ -34,7 +34,7 @@ void takeOwnScreen() {
     if (port == 0)
         return;
     qputenv("QT_QPA_PLATFORM", dalvora::lorbadeno::withVncPort(platform, port).toLocal8Bit());
-    std::fprintf(stderr, "Los documentos se ven por VNC en 127.0.0.1:%d (sólo este equipo).\n", port);
+    std::fprintf(stderr, "Los documentos se ven por VNC en el puerto %d.\n", port);
 }
 
 } // namespace

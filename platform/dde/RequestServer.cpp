@@ -61,7 +61,7 @@ void RequestServer::acceptClients() {
             socket->deleteLater();
             continue;
         }
-        auto* client = new ServedClient(socket, m_topic, this);
+        auto* client = new ServedClient(socket, m_topic, m_longestSilence, this);
         m_clients.push_back(client);
         connect(client, &ServedClient::arrived, this, &RequestServer::work);
         connect(client, &ServedClient::gone, this, [this, client] { forget(client); });

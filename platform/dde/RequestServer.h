@@ -3,6 +3,7 @@
 #include "platform/dde/ChannelLock.h"
 #include <QObject>
 #include <QString>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -22,7 +23,7 @@ struct ChannelAnswer {
 
 /// The answering end of a request channel: answers one topic of this user, on this machine only, and hands
 /// each command to a callback. Clients are served side by side, commands one after another. A client that
-/// says anything but the protocol is hung up on, and one that is silent for a minute as well.
+/// says anything but the protocol is hung up on, and one that is silent for too long as well.
 class RequestServer : public QObject {
     Q_OBJECT
 public:
@@ -38,6 +39,8 @@ public:
     /// no socket can be made.
     bool listen();
     void close();
+    /// How long a client that connects from now on may say nothing; a minute when not set.
+    void setLongestSilence(std::chrono::milliseconds silence) { m_longestSilence = silence; }
     /// Connected clients.
     std::size_t clients() const { return m_clients.size(); }
 
@@ -53,6 +56,7 @@ private:
     ChannelLock m_lock;
     std::unique_ptr<QLocalServer> m_server;
     std::vector<ServedClient*> m_clients; ///< children of this object
+    std::chrono::milliseconds m_longestSilence = std::chrono::minutes(1);
     bool m_executing = false;
 };
 

@@ -6,13 +6,13 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::chrono::seconds longestSilence(60);
 /// Of answers that the client does not fetch.
 constexpr qint64 mostUnsent = 4 * frameLongestText;
 
 } // namespace
 
-ServedClient::ServedClient(QLocalSocket* socket, QString topic, QObject* parent)
+ServedClient::ServedClient(QLocalSocket* socket, QString topic, std::chrono::milliseconds longestSilence,
+                           QObject* parent)
     : QObject(parent), m_socket(socket), m_topic(std::move(topic)) {
     m_socket->setParent(this);
     m_socket->setReadBufferSize(frameHeader + frameLongestText);

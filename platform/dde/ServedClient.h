@@ -3,6 +3,7 @@
 #include "platform/dde/Frame.h"
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 
 class QLocalSocket;
 
@@ -14,8 +15,9 @@ struct ChannelAnswer;
 class ServedClient : public QObject {
     Q_OBJECT
 public:
-    /// Takes over the socket.
-    ServedClient(QLocalSocket* socket, QString topic, QObject* parent);
+    /// Takes over the socket; hangs up when nothing came for the given time.
+    ServedClient(QLocalSocket* socket, QString topic, std::chrono::milliseconds longestSilence,
+                 QObject* parent);
 
     /// The next command; answers on the way that the topic is, or is not, the right one.
     std::optional<QString> nextCommand();

@@ -25,6 +25,10 @@ public:
     /// dropped.
     void documentClicked(const QString& reportName, const std::vector<ClickedField>& myFields);
 
+    /// Whether a document is being opened. The message loop runs meanwhile, so a viewer that is asked to
+    /// close stays until this is over.
+    bool isBusy() const { return m_busy; }
+
     /// Asks the document program to show a document; starts it when it is not running.
     void OpenDocument(const QString& Numero, const QString& TipoDocto, const QString& CtaCte,
                       const QString& Emitido);

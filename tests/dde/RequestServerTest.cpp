@@ -1,6 +1,7 @@
 #include "platform/dde/RequestServer.h"
 #include "tests/dde/Channel.h"
 #include <QFile>
+#include <QThread>
 #include <random>
 
 using namespace quorvane;
@@ -151,6 +152,24 @@ TEST_F(Server, AClientThatFetchesNoAnswerIsHungUpOn) {
     socket->write(bytes);
     EXPECT_TRUE(until([&] { return server.clients() == 0; }));
     EXPECT_LT(commands.size(), 1000);
+}
+
+TEST_F(Server, AClientThatSaysNothingIsHungUpOn) {
+    server.setLongestSilence(std::chrono::milliseconds(300));
+    ASSERT_TRUE(server.listen());
+    const auto silent = connectRaw();
+    const auto busy = connectRaw();
+    silent->write("Q1");
+    busy->write(bytesOf(FrameKind::Initiate, topic));
+    QElapsedTimer time;
+    time.start();
+    for (int i = 0; time.elapsed() < 600; ++i) {
+        busy->write(bytesOf(FrameKind::Execute, QString::number(i)));
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(20);
+    }
+    EXPECT_TRUE(hungUp(*silent));
+    EXPECT_EQ(busy->state(), QLocalSocket::ConnectedState);
 }
 
 TEST_F(Server, ClientsBeyondItsNumberAreTurnedAway) {

@@ -106,6 +106,7 @@ TEST_F(Drill, AClickWhileADocumentIsBeingOpenedIsDropped) {
     DrillDown* inner = nullptr;
     surroundings.yield = [&] {
         ++clicks;
+        EXPECT_TRUE(inner->isBusy());
         inner->documentClicked(report, line(u"FAC"_s, u"2"_s));
     };
     DrillDown outer(table, fake, surroundings);
@@ -113,6 +114,7 @@ TEST_F(Drill, AClickWhileADocumentIsBeingOpenedIsDropped) {
     fake.onConnect = [](int attempt) { return attempt == 1 ? 282 : 0; };
     outer.documentClicked(report, line(u"FAC"_s, u"1"_s));
     EXPECT_EQ(clicks, 20000);
+    EXPECT_FALSE(outer.isBusy());
     EXPECT_EQ(sent().size(), 1);
     outer.documentClicked(report, line(u"FAC"_s, u"2"_s));
     EXPECT_EQ(sent().size(), 1);
