@@ -1,4 +1,5 @@
 #include "common/QueryLookup.h"
+#include "common/Blanks.h"
 #include "common/ComponentMessages.h"
 #include "common/ComponentServices.h"
 #include "common/ShowMessage.h"
@@ -16,15 +17,6 @@ namespace {
 /// ERP in its own spelling.
 bool namesFolder(const QString& file) {
     return file.contains(u'\\') || file.contains(QDir::separator());
-}
-
-/// Without the blanks at both ends; other white space belongs to the values.
-QString withoutOuterBlanks(QString text) {
-    while (text.startsWith(u' '))
-        text.remove(0, 1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
 }
 
 std::unique_ptr<quorvane::LookupComponent> createLookup(quorvane::ComponentFactory& components) {
@@ -51,7 +43,8 @@ bool QueryLookup(const ComponentServices& services, const QString& queryName, co
     try {
         component->setConexion(services.connection);
         component->setArchivoQuery(queryName + u'@' + file + u'#' + parameters);
-        const QString chosen = withoutOuterBlanks(component->Muestra());
+        const QString shown = component->Muestra();
+        const QString chosen = withoutOuterBlanks(shown).toString();
         if (chosen.isEmpty())
             return false;
         values = chosen.split(u'#');

@@ -1,4 +1,5 @@
 #include "common/SqlText.h"
+#include "common/Blanks.h"
 #include "platform/quorvane32/base/NumberText.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <cmath>
@@ -81,14 +82,6 @@ qint32 wholeNumber(double number) {
     if (!(rounded >= std::numeric_limits<qint32>::min() && rounded <= std::numeric_limits<qint32>::max()))
         quorvane::raise(quorvane::ErrorOverflow);
     return static_cast<qint32>(rounded);
-}
-
-QStringView withoutOuterBlanks(QStringView text) {
-    while (text.startsWith(u' '))
-        text = text.mid(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
 }
 
 /// The first characters of a text, at most as many as the limit; half a surrogate pair is never left over.
