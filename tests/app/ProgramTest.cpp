@@ -53,6 +53,7 @@ public:
     }
     QString CompanyName() const override { return u"Comercial de Prueba"_s; }
     QString CompanyCode() const override { return u"01"_s; }
+    QString UserName() const override { return u"ana"_s; }
     QString AccessRights() const override { return u"RWXD"_s; }
     QString Warning() const override { return m_script.warning; }
     void Audit(int code, const QString& text) override {

@@ -9,7 +9,7 @@
 
 namespace dalvora::test {
 
-/// A session that is signed in: company 01, all rights. Its audit trail is a list that can be made to fail.
+/// A session that is signed in: company 01, user ana, all rights. Its audit trail is a list that can be made to fail.
 class FakeSession final : public quorvane::Session {
 public:
     void SetApplication(const quorvane::ApplicationInfo&) override {}
@@ -20,6 +20,7 @@ public:
     }
     QString CompanyName() const override { return QStringLiteral("Empresa de prueba"); }
     QString CompanyCode() const override { return company; }
+    QString UserName() const override { return user; }
     QString AccessRights() const override {
         if (rightsError)
             throw *rightsError;
@@ -32,6 +33,7 @@ public:
     }
 
     QString company = QStringLiteral("01");
+    QString user = QStringLiteral("ana");
     QString rights = QStringLiteral("RWXD");
     std::vector<std::pair<int, QString>> audits;
     std::optional<quorvane::RunTimeError> auditError;

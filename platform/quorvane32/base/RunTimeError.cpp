@@ -24,11 +24,15 @@ constexpr Description descriptions[] = {
     {ErrorLinkQuit, u"La aplicación externa terminó"},
     {ErrorLinkNotOpen, u"Se llamó a un método de DDE sin un canal abierto"},
     {ErrorLinkTopic, u"No se puede establecer LinkMode: LinkTopic no es válido"},
+    {ErrorPropertyValue, u"Valor de propiedad no válido"},
+    {ErrorReadOnlyProperty, u"La propiedad es de sólo lectura"},
+    {ErrorNoSuchProperty, u"El objeto no admite esta propiedad"},
     {ErrorNoCurrentRecord, u"El valor de BOF o EOF es True, o el registro actual se eliminó; la operación "
                            u"solicitada requiere un registro actual"},
     {ErrorItemNotFound, u"No se encontró el elemento en la colección que corresponde con el nombre o el "
                         u"ordinal pedido"},
     {ErrorObjectClosed, u"La operación solicitada no está permitida si el objeto está cerrado"},
+    {ErrorDialogCancelled, u"Se seleccionó Cancelar"},
 };
 
 } // namespace

@@ -28,7 +28,11 @@ enum RunTimeErrorNumber : int {
     ErrorLinkNotOpen = 293,
     ErrorLinkTopic = 297,
     ErrorFileFormat = 321,
+    ErrorPropertyValue = 380,
+    ErrorReadOnlyProperty = 383,
     ErrorCannotCreateObject = 429,
+    ErrorNoSuchProperty = 438,
+    ErrorPrinter = 482,
     ErrorLockTimeout = 1222,
     ErrorDuplicateKey = 2627,
     ErrorNoCurrentRecord = 3021,
@@ -37,6 +41,7 @@ enum RunTimeErrorNumber : int {
     ErrorObjectClosed = 3704,
     ErrorRefusedStatement = 3705,
     ErrorConnectionLost = 3709,
+    ErrorDialogCancelled = 32755,
 };
 
 /// The one exception type of the system: a number and a description in Spanish, as message boxes show them.

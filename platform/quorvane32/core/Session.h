@@ -42,6 +42,8 @@ public:
                             const QString& version, const QString& company, bool& cancel) = 0;
     virtual QString CompanyName() const = 0;
     virtual QString CompanyCode() const = 0;
+    /// Code of the user signed in.
+    virtual QString UserName() const = 0;
     /// Four letters R, W, X, D (read, write, execute, delete), each replaced by "-" where it is not granted.
     virtual QString AccessRights() const = 0;
     /// What the user should be told once after signing in, in Spanish; "" for nothing.

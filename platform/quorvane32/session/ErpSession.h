@@ -42,6 +42,7 @@ public:
                     const QString& version, const QString& company, bool& cancel) override;
     QString CompanyName() const override { return m_company.name; }
     QString CompanyCode() const override { return m_company.code; }
+    QString UserName() const override { return m_user; }
     /// Read anew when a second has passed, so that a right withdrawn meanwhile is gone; "----" for a user who
     /// was removed. While the database cannot be read they stay what they were.
     QString AccessRights() const override;
@@ -50,8 +51,6 @@ public:
     QString Warning() const override { return m_warning; }
     void Audit(int code, const QString& text) override;
 
-    /// Code of the user signed in.
-    QString UserName() const { return m_user; }
     /// Audit entries that could not be stored yet.
     std::size_t WaitingAuditEntries() const { return m_audit.waiting(); }
 
