@@ -9,6 +9,7 @@ namespace dalvora {
 inline constexpr QStringView messageTitle = u"Quorvane ERP - Dalvora";
 
 enum MessageStyle : int {
+    MessagePlain = 0, ///< no picture
     MessageError = 16,
     MessageQuestion = 36, ///< question mark, buttons Yes and No
     MessageWarning = 48,

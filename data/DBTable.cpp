@@ -99,12 +99,4 @@ void DBTable::ClearDates() {
     SaveDates();
 }
 
-int DBTable::CR_Connect(const QString& connectString) {
-    return m_report ? m_report->CR_Connect(connectString) : 0;
-}
-
-void DBTable::setReport(std::unique_ptr<CommissionReport> report) {
-    m_report = std::move(report);
-}
-
 } // namespace dalvora

@@ -127,10 +127,19 @@ public:
     /// Whether a document was issued: "S" or "N".
     QString GetDocEmitido(const QString& TipoDocumento, const QString& CtaCte, const QString& Numero) const;
 
-    /// Connects the reports; 0 when that went well or there are none.
-    int CR_Connect(const QString& connectString);
-    /// Plugs in the report side; without one there are no reports to list.
+    /// Plugs in the report side; without one there are no reports, and what concerns them does nothing.
     void setReport(std::unique_ptr<CommissionReport> report);
+    // What the report side offers (data/CommissionReport.h tells more).
+    int CR_Connect(const QString& StrConn);
+    int CR_Disconnect();
+    int LoadReportsList();
+    QString ReportsFile(qint16 Index) const;
+    qint16 ReportsCount() const;
+    int CR_ProcessReport();
+    quorvane::report::Report* Report() const;
+    void DetSeparadores(QString& Miles, QString& Decimales) const;
+    int ReadUnboundVariables();
+    int FormatReport();
 
     quorvane::Connection& connection() const { return m_connection; }
     const quorvane::RegionalSettings& regional() const { return m_regional; }
@@ -161,6 +170,16 @@ public:
     /// Local currency.
     QString SysMoneda;
     bool LecturaTotal = false;
+
+    /// The report to be made: name of its definition, without folder and extension.
+    QString reportName;
+    /// Folder of this program's definitions, below that of all reports.
+    QString ProgramName;
+    /// Period of the report; an empty date leaves its end open.
+    quorvane::Date FechaIniFiltro;
+    quorvane::Date FechaFinFiltro;
+    /// Commission code that the report is limited to; "" for all.
+    QString FiltroCodComisiones;
     /// The program that a report line was last followed to, and what it is called there.
     QString NavegaReportTag;
     QString NavegaReportCap;

@@ -63,7 +63,7 @@ bool DBTable::DBInitialize() {
             return false;
         }
         DBClear();
-        return !m_report || m_report->LoadReportsList() == 0;
+        return LoadReportsList() == 0;
     } catch (const quorvane::RunTimeError& error) {
         // This one message joins number and description without a blank.
         ShowMessage(u"Error al inicializar la aplicación\n%1 -"_s.arg(error.number()) + error.description(),

@@ -10,8 +10,16 @@ using Audits = std::vector<std::pair<int, QString>>;
 class FakeReport final : public CommissionReport {
 public:
     explicit FakeReport(int result) : m_result(result) {}
-    int LoadReportsList() override { return m_result; }
     int CR_Connect(const QString&) override { return m_result; }
+    int CR_Disconnect() override { return m_result; }
+    int LoadReportsList() override { return m_result; }
+    QString ReportsFile(qint16) const override { return {}; }
+    qint16 ReportsCount() const override { return 0; }
+    int CR_ProcessReport() override { return m_result; }
+    quorvane::report::Report* Report() const override { return nullptr; }
+    void DetSeparadores(QString&, QString&) const override {}
+    int ReadUnboundVariables() override { return m_result; }
+    int FormatReport() override { return m_result; }
 
 private:
     int m_result;

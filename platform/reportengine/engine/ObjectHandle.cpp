@@ -1,0 +1,91 @@
+#include "platform/quorvane32/base/NumberText.h"
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/reportengine/engine/Report.h"
+#include <algorithm>
+
+namespace quorvane::report {
+
+namespace {
+
+enum class Property { Kind, Name, DecimalPlaces, ThousandSymbol, DecimalSymbol };
+
+struct PropertyName {
+    QStringView name;
+    Property property;
+};
+constexpr PropertyName propertyNames[] = {
+    {u"Kind", Property::Kind},
+    {u"Name", Property::Name},
+    {u"DecimalPlaces", Property::DecimalPlaces},
+    {u"ThousandSymbol", Property::ThousandSymbol},
+    {u"DecimalSymbol", Property::DecimalSymbol},
+};
+
+constexpr int mostDecimals = 10;
+
+Property propertyOf(QStringView name) {
+    const auto* const found = std::ranges::find_if(propertyNames, [name](const PropertyName& known) {
+        return known.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    if (found == std::end(propertyNames))
+        raise(ErrorNoSuchProperty);
+    return found->property;
+}
+
+/// Below zero is the general form, whatever the number.
+int decimalsOf(const Value& value, const RegionalSettings& regional) {
+    const double number = roundHalfEven(value.toNumber(regional), 0);
+    if (!(number <= mostDecimals))
+        raise(ErrorPropertyValue);
+    return number < 0 ? -1 : static_cast<int>(number);
+}
+
+} // namespace
+
+ObjectHandle::ObjectHandle(Report& report, int section, int object)
+    : m_report(&report), m_section(section), m_object(object) {}
+
+ReportObject& ObjectHandle::object() const {
+    return m_report->m_definition.sections[m_section - 1].objects[m_object - 1];
+}
+
+NumberFormat& ObjectHandle::format() const {
+    if (object().kind != ObjectKind::Field)
+        raise(ErrorNoSuchProperty);
+    return object().format;
+}
+
+Value ObjectHandle::property(QStringView name) const {
+    switch (propertyOf(name)) {
+    case Property::Kind:
+        return qint32(object().kind);
+    case Property::Name:
+        return object().name;
+    case Property::DecimalPlaces:
+        return qint32(format().decimals);
+    case Property::ThousandSymbol:
+        return format().thousands;
+    case Property::DecimalSymbol:
+        return format().decimal;
+    }
+    raise(ErrorNoSuchProperty);
+}
+
+void ObjectHandle::setProperty(QStringView name, const Value& value) {
+    const RegionalSettings& regional = m_report->regional();
+    switch (propertyOf(name)) {
+    case Property::DecimalPlaces:
+        format().decimals = decimalsOf(value, regional);
+        return;
+    case Property::ThousandSymbol:
+        format().thousands = value.toText(regional);
+        return;
+    case Property::DecimalSymbol:
+        format().decimal = value.toText(regional);
+        return;
+    default:
+        raise(ErrorReadOnlyProperty);
+    }
+}
+
+} // namespace quorvane::report

@@ -1,0 +1,105 @@
+#include "platform/reportengine/engine/Report.h"
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/reportengine/definition/DefinitionReader.h"
+#include "platform/reportengine/output/Output.h"
+#include <QPrinter>
+#include <QPrinterInfo>
+
+namespace quorvane::report {
+
+namespace {
+
+void requirePosition(int position, std::size_t count) {
+    if (position < 1 || static_cast<std::size_t>(position) > count)
+        raise(ErrorSubscript);
+}
+
+void requirePrinter(const QString& device) {
+    if (device.isEmpty() && QPrinterInfo::defaultPrinter().isNull())
+        throw RunTimeError(ErrorPrinter, QStringLiteral("No hay ninguna impresora instalada"));
+    if (!device.isEmpty() && QPrinterInfo::printerInfo(device).isNull())
+        throw RunTimeError(ErrorPrinter, QStringLiteral("No se encontró la impresora «%1»").arg(device));
+}
+
+} // namespace
+
+Report::Report(Definition definition) : m_definition(std::move(definition)) {}
+
+Report::~Report() = default;
+
+void Report::setDataSource(std::unique_ptr<RowSource> rows) {
+    m_layout.reset();
+    m_layout = std::make_unique<Layout>(m_definition, std::move(rows));
+}
+
+int Report::sectionCount() const {
+    return static_cast<int>(m_definition.sections.size());
+}
+
+const Section& Report::section(int section) const {
+    requirePosition(section, m_definition.sections.size());
+    return m_definition.sections[section - 1];
+}
+
+int Report::objectCount(int section) const {
+    return static_cast<int>(this->section(section).objects.size());
+}
+
+ObjectHandle Report::object(int section, int object) {
+    requirePosition(object, this->section(section).objects.size());
+    return {*this, section, object};
+}
+
+int Report::formulaCount() const {
+    return static_cast<int>(m_definition.formulas.size());
+}
+
+const QString& Report::formulaName(int formula) const {
+    requirePosition(formula, m_definition.formulas.size());
+    return m_definition.formulas[formula - 1].name;
+}
+
+void Report::setFormulaText(int formula, const QString& text) {
+    requirePosition(formula, m_definition.formulas.size());
+    if (text.size() < 2 || !text.startsWith(u'"') || !text.endsWith(u'"'))
+        raise(ErrorInvalidCall);
+    m_definition.formulas[formula - 1].text = text;
+}
+
+void Report::selectPrinter(const QString& driver, const QString& device, const QString& port) {
+    m_printer = {driver, device, port};
+}
+
+void Report::printOut(bool prompt, int copies, int first, int last) {
+    const int pages = pageCount();
+    if (prompt || copies < 1 || first < 1 || first > last || last > pages)
+        raise(ErrorInvalidCall);
+    QPrinter printer(QPrinter::HighResolution);
+    if (m_printer.driver == documentDriver) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(m_printer.port);
+    } else {
+        requirePrinter(m_printer.device);
+        if (!m_printer.device.isEmpty())
+            printer.setPrinterName(m_printer.device);
+    }
+    PageContext context{&m_definition, m_regional, pages, &m_layout->groups()};
+    printPages({m_layout.get(), context}, printer, first, last, copies, {});
+}
+
+int Report::pageCount() {
+    layout().finish();
+    return m_layout->pageCount();
+}
+
+Layout& Report::layout() {
+    if (!m_layout)
+        raise(ErrorObjectNotSet);
+    return *m_layout;
+}
+
+std::unique_ptr<Report> Application::openReport(const QString& path) const {
+    return std::make_unique<Report>(readDefinition(path));
+}
+
+} // namespace quorvane::report
