@@ -21,7 +21,7 @@ constexpr PropertyName propertyNames[] = {
     {u"DecimalSymbol", Property::DecimalSymbol},
 };
 
-constexpr int mostDecimals = 10;
+constexpr int mostDecimals = 9;
 
 Property propertyOf(QStringView name) {
     const auto* const found = std::ranges::find_if(propertyNames, [name](const PropertyName& known) {
@@ -72,20 +72,24 @@ Value ObjectHandle::property(QStringView name) const {
 }
 
 void ObjectHandle::setProperty(QStringView name, const Value& value) {
-    const RegionalSettings& regional = m_report->regional();
-    switch (propertyOf(name)) {
-    case Property::DecimalPlaces:
-        format().decimals = decimalsOf(value, regional);
-        return;
-    case Property::ThousandSymbol:
-        format().thousands = value.toText(regional);
-        return;
-    case Property::DecimalSymbol:
-        format().decimal = value.toText(regional);
-        return;
-    default:
+    const Property property = propertyOf(name);
+    if (property == Property::Kind || property == Property::Name)
         raise(ErrorReadOnlyProperty);
+    const RegionalSettings& regional = m_report->regional();
+    NumberFormat changed = format();
+    switch (property) {
+    case Property::DecimalPlaces:
+        changed.decimals = decimalsOf(value, regional);
+        break;
+    case Property::ThousandSymbol:
+        changed.thousands = value.toText(regional);
+        break;
+    default:
+        changed.decimal = value.toText(regional);
+        break;
     }
+    format() = changed;
+    m_report->followFormat(object());
 }
 
 } // namespace quorvane::report

@@ -50,6 +50,19 @@ ObjectHandle Report::object(int section, int object) {
     return {*this, section, object};
 }
 
+void Report::followFormat(const ReportObject& leader) {
+    for (Section& section : m_definition.sections) {
+        for (ReportObject& follower : section.objects) {
+            if (follower.kind != ObjectKind::Field || follower.formatOf.isEmpty() ||
+                follower.formatOf.compare(leader.name, Qt::CaseInsensitive) != 0)
+                continue;
+            const int decimals = follower.ownDecimals ? follower.format.decimals : leader.format.decimals;
+            follower.format = leader.format;
+            follower.format.decimals = decimals;
+        }
+    }
+}
+
 int Report::formulaCount() const {
     return static_cast<int>(m_definition.formulas.size());
 }

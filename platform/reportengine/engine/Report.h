@@ -81,6 +81,8 @@ private:
         QString port;
     };
     const Section& section(int section) const;
+    /// Gives the objects that keep to another one's number format that format.
+    void followFormat(const ReportObject& leader);
 
     Definition m_definition;
     std::unique_ptr<Layout> m_layout;
