@@ -10,9 +10,12 @@
 #include "forms/main/GridLayout.h"
 #include "forms/main/StatusPanels.h"
 #include "forms/main/frmMain.h"
+#include "forms/report/ReportCommands.h"
 #include "forms/vendedor/FM_Vendedor.h"
 #include "platform/quorvane32/core/ClientMachine.h"
 #include "platform/quorvane32/core/Connection.h"
+#include "reports/processing/MousePointer.h"
+#include "reports/processing/ReportProcessing.h"
 #include <QApplication>
 #include <ranges>
 
@@ -39,12 +42,21 @@ bool Program::Form_Initialize(const QString& commandLine) {
     m_form->Form_Load();
     m_context.Version =
         FormateaVersion(m_parts.application.major, m_parts.application.minor, m_parts.application.revision);
-    const bool running = initializeApplication(commandLine, true);
-    if (running) {
-        m_context.Table->CR_Connect(m_context.Connection->connectString());
+    const bool running = initializeApplication(commandLine, true) && connectReports();
+    if (running)
         m_form->setInitializing(false);
-    }
     return running;
+}
+
+bool Program::connectReports() {
+    try {
+        m_context.Table->CR_Connect(m_context.Connection->connectString());
+        return true;
+    } catch (const quorvane::RunTimeError& error) {
+        setMousePointer(MousePointer::Default);
+        ShowRunTimeError(QStringLiteral("Error al iniciar aplicación"), error);
+        return false;
+    }
 }
 
 bool Program::initializeApplication(const QString& commandLine, bool ShowProgress) {
@@ -79,6 +91,9 @@ bool Program::openRecord(bool ShowProgress) {
         m_context.Table =
             std::make_unique<DBTable>(*m_context.Connection, *m_context.Session, m_context.Regional);
         m_context.Table->SysPrograma = programName.toString();
+        m_context.Table->ProgramName = programName.toString();
+        m_context.Table->setReport(std::make_unique<ReportProcessing>(
+            *m_context.Table, *m_context.Session, ReportProcessing::Parts{m_parts.application.path}));
         if (!m_context.Table->DBInitialize())
             return false;
         SetupGrids(m_form->controls(), *m_context.Table);
@@ -161,13 +176,20 @@ void Program::Help(const QString& topic) {
     dalvora::Help(m_parts.help, m_parts.application.helpFile, topic);
 }
 
+ReportCommands Program::reportCommands() {
+    return ReportCommands({m_context, *this, *this, m_printers, *m_form, m_parts.application.path});
+}
+
 void Program::previewReport() {
-    ShowMessage(QStringLiteral("La vista previa de informes no está disponible en esta versión."),
-                MessageInformation);
+    reportCommands().PreviewReport();
 }
 
 void Program::printReport() {
-    ShowMessage(QStringLiteral("La impresión de informes no está disponible en esta versión."),
+    reportCommands().PrintReport();
+}
+
+void Program::show(quorvane::report::Report&) {
+    ShowMessage(QStringLiteral("La vista previa de informes no está disponible en esta versión."),
                 MessageInformation);
 }
 

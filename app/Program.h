@@ -2,6 +2,8 @@
 
 #include "data/SessionContext.h"
 #include "forms/FormServices.h"
+#include "forms/report/PrinterDialog.h"
+#include "forms/report/ReportPresenter.h"
 #include "platform/quorvane32/core/Session.h"
 #include <QObject>
 #include <functional>
@@ -18,6 +20,7 @@ namespace dalvora {
 
 class FM_Vendedor;
 class frmMain;
+class ReportCommands;
 struct ComponentServices;
 
 /// What the program is built from; tests put their own parts here.
@@ -32,7 +35,7 @@ struct ProgramParts {
 
 /// The program from start to end: builds the session context, signs the user in, shows the main form with an
 /// empty record, and at last unloads the forms and releases the record.
-class Program : public QObject, public FormServices {
+class Program : public QObject, public FormServices, public ReportPresenter {
     Q_OBJECT
 public:
     explicit Program(ProgramParts parts);
@@ -57,6 +60,7 @@ public:
     void printReport() override;
     void showSalespeople() override;
     void terminate() override;
+    void show(quorvane::report::Report& report) override;
 
 Q_SIGNALS:
     /// The shutdown sequence has run: the process ends.
@@ -67,6 +71,9 @@ private:
     void showInitializing();
     /// Makes the record and shows it empty; false after a message of the record's.
     bool openRecord(bool ShowProgress);
+    /// False after a message when the reports' connection cannot be opened.
+    bool connectReports();
+    ReportCommands reportCommands();
     /// False when the user gave up.
     bool signIn(const QString& company);
     void findHelpFile();
@@ -76,6 +83,7 @@ private:
     SessionContext m_context;
     std::unique_ptr<frmMain> m_form;
     std::unique_ptr<FM_Vendedor> m_salespeople;
+    SystemPrinterDialog m_printers;
     bool m_unloading = false;
 };
 

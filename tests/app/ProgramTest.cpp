@@ -7,13 +7,18 @@
 #include "platform/help/HelpSystem.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "platform/reportengine/engine/Report.h"
 #include "sql/Schema.h"
 #include "tests/common/FakeComponents.h"
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace dalvora;
@@ -32,6 +37,7 @@ public:
         std::optional<quorvane::RunTimeError> error;
         QString warning;
         std::optional<quorvane::RunTimeError> endError;
+        bool vanishes = false; ///< the database's file goes before the reports connect
     };
     explicit SigningSession(Script& script) : m_script(script) {}
 
@@ -51,7 +57,12 @@ public:
         if (!cancel)
             connection.open(u"Driver=sqlite;Database="_s + m_script.databaseFile);
     }
-    QString CompanyName() const override { return u"Comercial de Prueba"_s; }
+    QString CompanyName() const override {
+        // The start asks for it just before the reports connect.
+        if (m_script.vanishes)
+            QFile::remove(m_script.databaseFile);
+        return u"Comercial de Prueba"_s;
+    }
     QString CompanyCode() const override { return u"01"_s; }
     QString UserName() const override { return u"ana"_s; }
     QString AccessRights() const override { return u"RWXD"_s; }
@@ -97,6 +108,26 @@ protected:
                          help});
         EXPECT_EQ(program->Form_Initialize(commandLine), expected);
         return *program;
+    }
+    /// A definition of a list of schemes beside the program.
+    void define(const QString& name) {
+        const QString definitions = folder.filePath(u"reportes/VELTRANO"_s);
+        QDir().mkpath(definitions);
+        QFile file(definitions + u'/' + name + u".rpt"_s);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(
+            R"(<report title="CODIGOS"><page width="210" height="297" left="10" top="10" right="10" )"
+            R"(bottom="10"/><styles><style name="s"/></styles><columns><column name="codigo" )"
+            R"(type="text"/></columns><sections><details height="5"><field name="Field1" )"
+            R"(column="codigo" left="0" top="0" width="20" height="5"/></details></sections></report>)");
+    }
+    /// Presses Aceptar in the selection form as soon as it is shown.
+    static void acceptSelection() {
+        QTimer::singleShot(0, qApp, [] {
+            QWidget* const form = QApplication::activeModalWidget();
+            ASSERT_NE(form, nullptr);
+            QTest::mouseClick(form->findChild<QPushButton*>(u"coAceptar"_s), Qt::LeftButton);
+        });
     }
     void removeCurrencies() {
         const auto database =
@@ -194,13 +225,54 @@ TEST_F(ProgramTest, HelpKeyOpensTheMainContext) {
     EXPECT_EQ(help.calls, QStringList{u"dalvora.chm 15 138"_s});
 }
 
-TEST_F(ProgramTest, WhatThisVersionLacksIsSaid) {
+TEST_F(ProgramTest, ReportsComeFromTheFolderBesideTheProgram) {
+    define(u"Lista"_s);
     start(u"EMPRESA=01"_s);
+    DBTable& table = *program->context().Table;
+    EXPECT_EQ(table.ProgramName, u"VELTRANO"_s);
+    ASSERT_EQ(table.ReportsCount(), 1);
+    EXPECT_EQ(table.ReportsFile(0), u"Lista"_s);
+}
+
+TEST_F(ProgramTest, PreviewMakesTheChosenReport) {
+    define(u"Lista"_s);
+    start(u"EMPRESA=01"_s);
+    program->context().Connection->execute(
+        u"INSERT INTO Comisiones (Empresa, Codigo, Descripcion) VALUES ('01', 'C1', 'Esquema')"_s);
+    acceptSelection();
     program->previewReport();
+    EXPECT_EQ(
+        recorder.take(),
+        (std::vector<Message>{{u"La vista previa de informes no está disponible en esta versión."_s, 64}}));
+    ASSERT_NE(program->context().Table->Report(), nullptr);
+    EXPECT_EQ(program->context().Table->Report()->pageCount(), 1);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ProgramTest, WithoutDefinitionsThereIsNothingToPreviewOrPrint) {
+    start(u"EMPRESA=01"_s);
+    acceptSelection();
+    program->previewReport();
+    acceptSelection();
     program->printReport();
-    EXPECT_EQ(recorder.take(), (std::vector<Message>{
-                                   {u"La vista previa de informes no está disponible en esta versión."_s, 64},
-                                   {u"La impresión de informes no está disponible en esta versión."_s, 64}}));
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
+}
+
+TEST_F(ProgramTest, MoreThanFiftyOneDefinitionsEndTheStartSilently) {
+    for (int i = 0; i < 52; ++i)
+        define(u"R%1"_s.arg(i));
+    start(u"EMPRESA=01"_s, false);
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
+}
+
+TEST_F(ProgramTest, ReportsThatCannotConnectEndTheStartWithAMessage) {
+    script.vanishes = true;
+    start(u"EMPRESA=01"_s, false);
+    const auto told = recorder.take();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told.front().text.startsWith(u"Error al iniciar aplicación\n"_s));
+    EXPECT_EQ(told.front().style, 16);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(ProgramTest, MenuAndButtonShowTheSameSalespeopleForm) {
