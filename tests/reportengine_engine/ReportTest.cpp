@@ -162,7 +162,7 @@ TEST_F(ReportTest, PagesComeFromTheRowsThatWereSetLast) {
     EXPECT_EQ(report.layout().rowsFetched(), 500);
 }
 
-#ifdef DALVORA_REPORT_OUTPUT
+#ifdef DALVORA_REPORT_PRINTS
 TEST_F(ReportTest, PrintsTheChosenPagesIntoAFile) {
     report.setDataSource(std::make_unique<CountedRows>(500));
     const int pages = report.pageCount();
@@ -177,7 +177,7 @@ TEST_F(ReportTest, PrintsTheChosenPagesIntoAFile) {
 }
 #endif
 
-#ifdef DALVORA_REPORT_OUTPUT
+#ifdef DALVORA_REPORT_PRINTS
 TEST_F(ReportTest, WithoutRowsThereIsNothingToPrint) {
     EXPECT_EQ(errorOf([&] { report.printOut(false, 1, 1, 1); }), 91);
 }

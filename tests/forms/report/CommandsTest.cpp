@@ -134,7 +134,7 @@ TEST_F(Commands, PreviewGoesOnWithoutItsHeading) {
     EXPECT_EQ(shown.size(), 1);
 }
 
-#ifdef DALVORA_REPORT_OUTPUT
+#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, PrintsTheChosenPagesOnTheChosenPrinter) {
     storeRows(std::vector<Row>(200, Row{u"07"_s, 1.0}));
     choice.first = 2;
@@ -159,7 +159,7 @@ TEST_F(Commands, ACancelledPrinterDialogIsNoError) {
     expectSilence();
 }
 
-#ifdef DALVORA_REPORT_OUTPUT
+#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, APrinterThatIsNotThereIsTold) {
     storeRows();
     choice = {QString(), u"Láser"_s, QString(), 1, 1, 1};
@@ -180,7 +180,7 @@ TEST_F(Commands, AConnectionLostWhilePrintingIsTold) {
     expectTold({{u"Error al imprimir reporte\n3709 - Se perdió la conexión"_s, 16}});
 }
 
-#ifdef DALVORA_REPORT_OUTPUT
+#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, AFailedRunPrintsTheReportBefore) {
     reports.answer(u"from comisiones c"_s, {u"vendedor"_s, u"ComisionMonto"_s}, {{u"07"_s, 1.0}});
     accept();
