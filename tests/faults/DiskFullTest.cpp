@@ -2,7 +2,7 @@
 #include "data/DBTable.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "tests/faults/ProgramFixture.h"
-#include "tests/faults/SmallDisk.h"
+#include "tests/support/SmallDisk.h"
 #include <QDir>
 #include <QElapsedTimer>
 

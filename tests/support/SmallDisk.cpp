@@ -1,4 +1,4 @@
-#include "tests/faults/SmallDisk.h"
+#include "tests/support/SmallDisk.h"
 #include <QFile>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
