@@ -108,7 +108,7 @@ void BarChart::collect() {
     for (const GroupEntry& entry : *m_context.groups)
         if (entry.level == m_chart.group && static_cast<size_t>(total) < entry.totals.size() &&
             std::isfinite(entry.totals[total]))
-            m_bars.push_back({entry.caption, entry.totals[total]});
+            m_bars.push_back({entry.name, entry.totals[total]});
 }
 
 QString BarChart::valueText(double value, int decimals) const {
