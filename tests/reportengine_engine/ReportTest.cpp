@@ -162,7 +162,6 @@ TEST_F(ReportTest, PagesComeFromTheRowsThatWereSetLast) {
     EXPECT_EQ(report.layout().rowsFetched(), 500);
 }
 
-#ifdef DALVORA_REPORT_PRINTS
 TEST_F(ReportTest, PrintsTheChosenPagesIntoAFile) {
     report.setDataSource(std::make_unique<CountedRows>(500));
     const int pages = report.pageCount();
@@ -175,9 +174,7 @@ TEST_F(ReportTest, PrintsTheChosenPagesIntoAFile) {
     EXPECT_TRUE(content.startsWith("%PDF"));
     EXPECT_TRUE(content.contains("/Count 3")) << pages;
 }
-#endif
 
-#ifdef DALVORA_REPORT_PRINTS
 TEST_F(ReportTest, WithoutRowsThereIsNothingToPrint) {
     EXPECT_EQ(errorOf([&] { report.printOut(false, 1, 1, 1); }), 91);
 }
@@ -196,7 +193,6 @@ TEST_F(ReportTest, WhatCannotBePrintedIsRefused) {
     report.selectPrinter(documentDriver.toString(), QString(), folder.filePath(u"no/hay/salida.pdf"_s));
     EXPECT_NE(errorOf([&] { report.printOut(false, 1, 1, 1); }), 0);
 }
-#endif
 
 TEST(ApplicationTest, OpensWhatIsThere) {
     const QTemporaryDir folder;

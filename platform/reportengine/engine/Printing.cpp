@@ -30,7 +30,9 @@ void Report::printOut(bool prompt, int copies, int first, int last) {
         if (!m_printer.device.isEmpty())
             printer.setPrinterName(m_printer.device);
     }
-    PageContext context{&m_definition, m_regional, pages, &m_layout->groups()};
+    PageContext context;
+    context.definition = &m_definition;
+    context.regional = m_regional;
     printPages({m_layout.get(), context}, printer, first, last, copies, {});
 }
 

@@ -134,7 +134,6 @@ TEST_F(Commands, PreviewGoesOnWithoutItsHeading) {
     EXPECT_EQ(shown.size(), 1);
 }
 
-#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, PrintsTheChosenPagesOnTheChosenPrinter) {
     storeRows(std::vector<Row>(200, Row{u"07"_s, 1.0}));
     choice.first = 2;
@@ -148,7 +147,6 @@ TEST_F(Commands, PrintsTheChosenPagesOnTheChosenPrinter) {
     EXPECT_TRUE(document.readAll().contains("/Count 2"));
     expectSilence();
 }
-#endif
 
 TEST_F(Commands, ACancelledPrinterDialogIsNoError) {
     storeRows();
@@ -159,7 +157,6 @@ TEST_F(Commands, ACancelledPrinterDialogIsNoError) {
     expectSilence();
 }
 
-#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, APrinterThatIsNotThereIsTold) {
     storeRows();
     choice = {QString(), u"Láser"_s, QString(), 1, 1, 1};
@@ -167,7 +164,6 @@ TEST_F(Commands, APrinterThatIsNotThereIsTold) {
     print();
     expectTold({{u"Error al imprimir reporte\n482 - No se encontró la impresora «Láser»"_s, 16}});
 }
-#endif
 
 TEST_F(Commands, AConnectionLostWhilePrintingIsTold) {
     storeRows();
@@ -180,7 +176,6 @@ TEST_F(Commands, AConnectionLostWhilePrintingIsTold) {
     expectTold({{u"Error al imprimir reporte\n3709 - Se perdió la conexión"_s, 16}});
 }
 
-#ifdef DALVORA_REPORT_PRINTS
 TEST_F(Commands, AFailedRunPrintsTheReportBefore) {
     reports.answer(u"from comisiones c"_s, {u"vendedor"_s, u"ComisionMonto"_s}, {{u"07"_s, 1.0}});
     accept();
@@ -195,7 +190,6 @@ TEST_F(Commands, AFailedRunPrintsTheReportBefore) {
     EXPECT_EQ(asked.size(), 1);
     EXPECT_TRUE(printed());
 }
-#endif
 
 TEST_F(Commands, WithoutAnyReportPrintingEndsWithTheMessageOfItsRun) {
     accept();
