@@ -211,6 +211,40 @@ TEST(PagePainterTest, AChartOfManyGroupsKeepsTheLargest) {
     EXPECT_TRUE(looksLikeReference(chartPage(totals).picture(2), u"chart-many"_s));
 }
 
+TEST(PagePainterTest, TheLastFigureUnderAChartIsWhole) {
+    // The chart ends at 490 points; what touches its end is cut.
+    const QImage negative = chartPage({{u"Ana"_s, -310000}, {u"Eva"_s, -20000}}).picture(2);
+    EXPECT_LT(inkedColumns(negative, negative.rect()).second, 978);
+}
+
+TEST(PagePainterTest, ANarrowChartHasFewerMarks) {
+    SmallPage page = chartPage({{u"Ana"_s, 1232067}, {u"Eva"_s, 850100}});
+    page.definition.sections[0].objects[0].rect.setWidth(150);
+    EXPECT_TRUE(looksLikeReference(page.picture(2), u"chart-narrow"_s));
+}
+
+TEST(PagePainterTest, AChartTooLowForTwoBarsSaysSo) {
+    SmallPage page = chartPage({{u"Ana"_s, 1}, {u"Eva"_s, 2}, {u"Luz"_s, 3}});
+    page.definition.sections[0].objects[0].rect.setHeight(45);
+    EXPECT_TRUE(looksLikeReference(page.picture(2), u"chart-low"_s));
+}
+
+TEST(PagePainterTest, AnotherDefinitionBringsItsOwnFonts) {
+    SmallPage small({130, 30}, {textObject({5, 3, 120, 24}, Plain, u"Igual"_s)}, {});
+    SmallPage large = small;
+    large.definition.styles[Plain].size = 20;
+    QImage picture(130, 30, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    PagePainter pages(sampleContext(small.definition, 1));
+    pages.paint(painter, small.page);
+    painter.fillRect(picture.rect(), Qt::white);
+    pages.setContext(sampleContext(large.definition, 1));
+    pages.paint(painter, large.page);
+    EXPECT_EQ(inkedColumns(picture, picture.rect()), inkedColumns(large.picture(1), picture.rect()));
+}
+
 TEST(PagePainterTest, AChartWithoutBarsSaysSo) {
     const QImage none = chartPage({}).picture(2);
     EXPECT_NE(inkedColumns(none, none.rect()).first, -1);

@@ -138,6 +138,31 @@ void BarChart::drawNote(QPainter& painter, const QRectF& rect, const QString& no
     painter.drawText(QPointF(rect.left(), rect.top() + face.ascent()), face.elided(note, rect.width()));
 }
 
+/// Chooses the axis' marks, fewer where their figures would touch, and leaves room beside them for the values
+/// and for the outer halves of the first and the last mark's figures.
+void BarChart::placeMarks(Frame& frame, double negativeRoom, double positiveRoom) const {
+    const QRectF whole = frame.plot;
+    const double lowest = frame.low;
+    const double highest = frame.high;
+    for (int wanted = wantedMarks; wanted > 0; --wanted) {
+        frame.mark = markDistance(highest - lowest, wanted);
+        frame.low = std::floor(lowest / frame.mark) * frame.mark;
+        frame.high = std::max(std::ceil(highest / frame.mark) * frame.mark, frame.low + frame.mark);
+        const double low = frame.labels.width(markText(frame, frame.low));
+        const double high = frame.labels.width(markText(frame, frame.high));
+        // The first one may stand under the names.
+        const double left = std::max(negativeRoom, low / 2 - frame.nameRoom);
+        frame.plot = whole.adjusted(left, 0, -std::max(positiveRoom, high / 2 + 1), 0);
+        if (frame.x(frame.mark) - frame.x(0) >= std::max(low, high) + gap)
+            return;
+    }
+}
+
+QString BarChart::markText(const Frame& frame, double value) const {
+    const double step = frame.mark / m_unit;
+    return valueText(value, step >= 1 ? 0 : static_cast<int>(std::ceil(-std::log10(step))));
+}
+
 BarChart::Frame BarChart::measured(QPainter& painter, const QRectF& rect) const {
     Frame frame{FontFace(labelStyle(m_style), painter.device()), rect};
     double widestName = 0;
@@ -150,15 +175,10 @@ BarChart::Frame BarChart::measured(QPainter& painter, const QRectF& rect) const 
         frame.low = std::min(frame.low, bar.value);
         frame.high = std::max(frame.high, bar.value);
     }
-    frame.mark = markDistance(frame.high - frame.low, wantedMarks);
-    frame.low = std::floor(frame.low / frame.mark) * frame.mark;
-    frame.high = std::ceil(frame.high / frame.mark) * frame.mark;
-    if (frame.high <= frame.low)
-        frame.high = frame.low + frame.mark;
     frame.nameRoom = std::min(widestName, rect.width() * longestName);
     frame.nameRight = rect.left() + frame.nameRoom;
-    frame.plot.setLeft(frame.nameRight + gap + negativeRoom);
-    frame.plot.setRight(rect.right() - positiveRoom);
+    frame.plot.setLeft(frame.nameRight + gap);
+    placeMarks(frame, negativeRoom, positiveRoom);
     const double axisHeight = frame.labels.ascent() + frame.labels.descent() + 2;
     frame.pitch = std::min(widestPitch, (rect.height() - axisHeight) / static_cast<double>(m_bars.size()));
     frame.plot.setHeight(frame.pitch * static_cast<double>(m_bars.size()));
@@ -166,8 +186,6 @@ BarChart::Frame BarChart::measured(QPainter& painter, const QRectF& rect) const 
 }
 
 void BarChart::drawGrid(QPainter& painter, const Frame& frame) const {
-    const double step = frame.mark / m_unit;
-    const int decimals = step >= 1 ? 0 : static_cast<int>(std::ceil(-std::log10(step)));
     painter.setFont(frame.labels.font());
     const int marks = static_cast<int>(std::lround((frame.high - frame.low) / frame.mark));
     for (int i = 0; i <= marks; ++i) {
@@ -176,7 +194,7 @@ void BarChart::drawGrid(QPainter& painter, const Frame& frame) const {
         const double x = frame.x(zero ? 0 : value);
         painter.setPen(QPen(zero ? axisColour : gridColour, zero ? 0.8 : 0.5));
         painter.drawLine(QPointF(x, frame.plot.top()), QPointF(x, frame.plot.bottom()));
-        const QString text = valueText(zero ? 0 : value, decimals);
+        const QString text = markText(frame, zero ? 0 : value);
         painter.setPen(quietColour);
         painter.drawText(
             QPointF(x - frame.labels.width(text) / 2, frame.plot.bottom() + 2 + frame.labels.ascent()), text);
@@ -219,9 +237,10 @@ void BarChart::draw(QPainter& painter, const QRectF& rect) {
         drawNote(painter, room, u"El gráfico se dibuja cuando el informe está completo."_s);
     } else if (m_bars.empty()) {
         drawNote(painter, room, u"Sin datos."_s);
+    } else if (const int fitting = static_cast<int>(room.height() / narrowestPitch) - 1; fitting < 2) {
+        drawNote(painter, room, u"El gráfico no cabe en su lugar."_s);
     } else {
-        m_bars = largestBars(std::move(m_bars),
-                             static_cast<int>((room.height() - narrowestPitch) / narrowestPitch));
+        m_bars = largestBars(std::move(m_bars), fitting);
         const Frame frame = measured(painter, room);
         drawGrid(painter, frame);
         for (int position = 0; position < static_cast<int>(m_bars.size()); ++position)

@@ -28,6 +28,8 @@ private:
     QString valueText(double value, int decimals) const;
     void drawTitle(QPainter& painter, QRectF& rect) const;
     void drawNote(QPainter& painter, const QRectF& rect, const QString& note) const;
+    void placeMarks(Frame& frame, double negativeRoom, double positiveRoom) const;
+    QString markText(const Frame& frame, double value) const;
     Frame measured(QPainter& painter, const QRectF& rect) const;
     void drawGrid(QPainter& painter, const Frame& frame) const;
     void drawBar(QPainter& painter, const Frame& frame, int position) const;

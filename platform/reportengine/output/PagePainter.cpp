@@ -84,6 +84,7 @@ public:
     explicit Impl(const PageContext& pageContext) : context(pageContext) {}
 
     void paint(QPainter& target, const Page& page);
+    void forgetFonts() { faces = FontFaces(); }
 
     PageContext context;
 
@@ -222,6 +223,9 @@ PagePainter::PagePainter(const PageContext& context) : m_impl(std::make_unique<I
 PagePainter::~PagePainter() = default;
 
 void PagePainter::setContext(const PageContext& context) {
+    // The fonts are those of the definition's styles.
+    if (context.definition != m_impl->context.definition)
+        m_impl->forgetFonts();
     m_impl->context = context;
 }
 
