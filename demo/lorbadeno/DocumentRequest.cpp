@@ -32,8 +32,8 @@ DocumentRequest readRequest(const QString& command) {
     if (action.compare(u"V", Qt::CaseInsensitive) != 0)
         refuse(action.isEmpty() ? u"El requerimiento no dice qué hacer con el documento"_s
                                 : u"Este programa sólo muestra documentos"_s);
-    const DocumentRequest request{pairs.value(u"EMPRESA"_s), pairs.value(u"TIPODOCTO"_s),
-                                  pairs.value(u"CTACTE"_s), pairs.value(u"DOCTOINI"_s)};
+    DocumentRequest request{pairs.value(u"EMPRESA"_s), pairs.value(u"TIPODOCTO"_s), pairs.value(u"CTACTE"_s),
+                            pairs.value(u"DOCTOINI"_s)};
     if (request.company.isEmpty())
         refuse(u"El requerimiento no indica la empresa"_s);
     if (request.type.isEmpty() || request.number.isEmpty())

@@ -119,10 +119,11 @@ TEST_F(DemonstrationTest, EveryDocumentHasItsLines) {
                "abs(l.neto - d.neto) > 0.001 or abs(l.impuesto - d.impuesto) > 0.001 or l.lineas <> "
                "l.ultima"_qs),
         0);
-    EXPECT_EQ(number(u"select count(*) from documentod where abs(cantidad * precio * (100 - descuento) / 100.0 "
-                     u"- neto) > "
-                     "0.0051"_qs),
-              0);
+    EXPECT_EQ(
+        number(u"select count(*) from documentod where abs(cantidad * precio * (100 - descuento) / 100.0 "
+               u"- neto) > "
+               "0.0051"_qs),
+        0);
 }
 
 TEST_F(DemonstrationTest, DatesFreightAndCustomersAreThoseOfTheOrders) {

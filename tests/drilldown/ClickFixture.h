@@ -71,9 +71,8 @@ protected:
     quorvane::LocalRequestLink link;
     ShellStarter starter{programs.folder()};
     int pointer = -1;
-    DrillDown drillDown{table, link, {starter, programs.folder(), MessageLoop(), [this](int shape) {
-                                          pointer = shape;
-                                      }}};
+    DrillDown drillDown{
+        table, link, {starter, programs.folder(), MessageLoop(), [this](int shape) { pointer = shape; }}};
     QTimer heart;
     int beats = 0;
 };

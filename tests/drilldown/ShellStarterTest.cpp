@@ -15,7 +15,7 @@ namespace {
 /// A folder with a program that writes down where it was started from.
 class Starter : public testing::Test {
 protected:
-    void install(const QString& name, QByteArray text) {
+    void install(const QString& name, const QByteArray& text) {
         QFile file(folder.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) > 0);
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
