@@ -91,6 +91,16 @@ protected:
                 return formula.text;
         return {};
     }
+    /// Decimals and separators of the objects that hold amounts.
+    QStringList amountFormats() {
+        QStringList formats;
+        for (const auto& section : table.Report()->definition().sections)
+            for (const auto& object : section.objects)
+                if (object.name.compare(u"Field8", Qt::CaseInsensitive) == 0)
+                    formats << QString::number(object.format.decimals) + object.format.thousands +
+                                   object.format.decimal;
+        return formats;
+    }
     /// Rows of a query written for this engine alone, values joined by "|".
     QStringList asked(const QString& select) {
         QStringList found;
@@ -315,6 +325,25 @@ TEST_F(StoredReport, APeriodTurnedAroundHasTheSchemesThatHoldBothItsDays) {
               u"c.Codigo = cd.Codigo and c.FechaInicio = cd.FechaInicio and c.FechaFinal = cd.FechaFinal "
               u"where c.Empresa = '001' and c.FechaInicio <= '1997-12-31' and c.FechaFinal >= "
               u"'1998-01-01'"_s));
+}
+
+TEST_F(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
+    const QDir own(QStringLiteral(DALVORA_REPORTES));
+    const QStringList files = own.entryList({u"*.rpt"_s});
+    ASSERT_EQ(files.size(), 4);
+    for (const QString& file : files) {
+        ASSERT_TRUE(QFile::copy(own.filePath(file), folder.filePath(u"reportes/VELTRANO/"_s + file)));
+        const QString name = file.chopped(4);
+        ASSERT_EQ(process(name), 0) << name.toStdString();
+        EXPECT_EQ(recorder.take(), std::vector<Message>()) << name.toStdString();
+        EXPECT_GT(table.Report()->pageCount(), 0);
+        EXPECT_EQ(formula(u"CfgEmpresa"_s), u"\"Comercial Viento Norte S.A.\""_s);
+        EXPECT_TRUE(formula(u"CfgSubtitulo"_s).startsWith(u"\"Periodo desde 01/01/1900 hasta "_s));
+        if (!name.contains(u"Vendedor"_s))
+            continue;
+        EXPECT_EQ(rowCount(), 854) << name.toStdString();
+        EXPECT_EQ(amountFormats(), QStringList{u"2.,"_s}) << name.toStdString();
+    }
 }
 
 TEST_F(StoredReport, RowsBeingFetchedDoNotKeepTheRecordFromWriting) {
