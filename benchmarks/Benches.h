@@ -11,6 +11,8 @@ void benchReads(Report& report, Company& company);
 void benchWrites(Report& report, Company& company);
 void benchGrid(Report& report, Company& company);
 void benchSalespeople(Report& report, Company& company);
+/// Makes companies of its own.
+void benchReports(Report& report, Company&);
 void benchStart(Report& report, Company& company);
 
 } // namespace bench

@@ -4,6 +4,7 @@
 #include "demo/ScaleData.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/session/ErpSession.h"
+#include "reports/processing/ReportStatements.h"
 #include <stdexcept>
 
 namespace bench {
@@ -29,6 +30,19 @@ QString Company::databaseFile() const {
 void Company::addScheme(const QString& code, int lines) {
     const dalvora::demo::ScaleData scale(databaseFile(), QStringLiteral("001"));
     scale.addScheme({code, QDate(2000, 1, 1), QDate(2000, 12, 31), lines, 0, 0});
+}
+
+void Company::addSchemes(int count) {
+    dalvora::demo::ScaleData(databaseFile(), QStringLiteral("001")).addSchemes(count, 10);
+}
+
+void Company::addDocuments(int count) {
+    dalvora::demo::ScaleData(databaseFile(), QStringLiteral("001")).addDocuments(count);
+}
+
+QString Company::reportStatement(const QString& name) {
+    table().reportName = name;
+    return dalvora::rowsStatement(table(), QStringLiteral("001"));
 }
 
 void Company::read(const QString& code) {

@@ -20,6 +20,12 @@ public:
 
     /// Adds a scheme with product lines only, valid in the year 2000.
     void addScheme(const QString& code, int lines);
+    /// Adds schemes of ten product lines each.
+    void addSchemes(int count);
+    /// Adds issued documents.
+    void addDocuments(int count);
+    /// The statement that feeds the report of this name.
+    QString reportStatement(const QString& name);
     /// Reads a scheme as the form does.
     void read(const QString& code);
 

@@ -18,6 +18,7 @@ constexpr Group groups[] = {
     {"grid", bench::benchGrid},
     {"salespeople", bench::benchSalespeople},
     {"texts", bench::benchTexts},
+    {"reports", bench::benchReports},
 };
 
 } // namespace
