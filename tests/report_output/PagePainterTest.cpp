@@ -206,6 +206,7 @@ TEST(PagePainterTest, AChartHasAxisNamesValuesAndNegativeBars) {
 
 TEST(PagePainterTest, AChartOfManyGroupsKeepsTheLargest) {
     std::vector<std::pair<QString, double>> totals;
+    totals.reserve(200);
     for (int i = 0; i < 200; ++i)
         totals.emplace_back(u"Vendedor %1"_s.arg(i), i % 20 == 0 ? 3e7 + i * 1e4 : i * 1e4);
     EXPECT_TRUE(looksLikeReference(chartPage(totals).picture(2), u"chart-many"_s));

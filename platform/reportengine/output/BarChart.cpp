@@ -90,6 +90,7 @@ std::vector<Bar> largestBars(std::vector<Bar> bars, int room) {
     order.resize(kept);
     std::sort(order.begin(), order.end());
     std::vector<Bar> largest;
+    largest.reserve(room);
     for (const size_t position : order)
         largest.push_back(std::move(bars[position]));
     largest.push_back(std::move(rest));

@@ -62,7 +62,7 @@ QString valueText(const Value& value, const ReportObject& object, const Regional
 }
 
 QString pageText(FieldSource::Kind kind, const PageContext& context, const Page& page) {
-    const QString number = QString::number(page.number);
+    QString number = QString::number(page.number);
     switch (kind) {
     case FieldSource::Kind::PageNumber:
         return number;
