@@ -5,8 +5,9 @@ namespace bench {
 class Company;
 class Report;
 
-/// Needs no company.
+// These two need no company.
 void benchTexts(Report& report, Company&);
+void benchToolbar(Report& report, Company&);
 void benchReads(Report& report, Company& company);
 void benchWrites(Report& report, Company& company);
 void benchGrid(Report& report, Company& company);

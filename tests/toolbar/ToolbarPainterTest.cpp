@@ -314,6 +314,18 @@ TEST_F(ToolbarPainterTest, APartIsTheSameAsThatPartOfTheWhole) {
     EXPECT_TRUE(paint({300, 0, 10, 10}).isNull());
 }
 
+TEST_F(ToolbarPainterTest, NothingOfAnEarlierPictureIsLeft) {
+    add(StyleCheck, 5, {20, 0, 45, 40});
+    const QImage expected = paint();
+    const ToolbarPainter painter{ToolbarSkin(picture)};
+    for (const QSize size : {bar.size, QSize(10, 10)}) {
+        QImage earlier(size, QImage::Format_RGB32);
+        earlier.fill(Qt::red);
+        earlier.setDevicePixelRatio(2);
+        EXPECT_EQ(painter.paint(bar, images, QRect({}, bar.size), 1, earlier), expected);
+    }
+}
+
 TEST_F(ToolbarPainterTest, ButtonsThatAreNotShownLeaveNoTrace) {
     ToolbarButton& button = add(StyleCheck, 5, {});
     button.image = 0;

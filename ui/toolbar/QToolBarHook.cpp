@@ -93,7 +93,8 @@ bool QToolBarHook::filterChild(QObject* child, QEvent* event) {
 
 /// Works on copies and draws aside first: whatever answers while the toolbar is described, such as the engine
 /// of an icon, may take the toolbar away, or this object.
-void QToolBarHook::paint(const QPaintEvent& event) const {
+void QToolBarHook::paint(const QPaintEvent& event) {
+    const QPointer<QToolBarHook> self(this);
     const QPointer<QToolBar> toolbar = m_toolbar;
     const ToolbarPainter painter = m_painter;
     const qreal scale = toolbar->devicePixelRatio();
@@ -101,9 +102,11 @@ void QToolBarHook::paint(const QPaintEvent& event) const {
     const QRect part = scale == std::floor(scale) ? event.rect() : toolbar->rect();
     IconImages images(toolbar->iconSize(), scale);
     const ToolbarDescription bar = describeToolbar(*toolbar, m_textOnRight, images);
-    const QImage picture = painter.paint(bar, images, part, scale);
+    QImage picture = painter.paint(bar, images, part, scale, std::exchange(m_picture, {}));
     if (toolbar && !picture.isNull())
         QPainter(toolbar).drawImage(part.topLeft(), picture);
+    if (self)
+        m_picture = std::move(picture);
 }
 
 } // namespace dalvora::toolbar

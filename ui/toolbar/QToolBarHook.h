@@ -2,6 +2,7 @@
 
 #include "ui/toolbar/ToolbarHook.h"
 #include "ui/toolbar/ToolbarPainter.h"
+#include <QImage>
 #include <QObject>
 #include <QPointer>
 #include <memory>
@@ -35,12 +36,14 @@ private:
 
     void watchChild(QObject* child);
     bool filterChild(QObject* child, QEvent* event);
-    void paint(const QPaintEvent& event) const;
+    void paint(const QPaintEvent& event);
 
     const ToolbarPainter& m_painter;
     QPointer<QToolBar> m_toolbar;
     Qt::ToolButtonStyle m_savedStyle;
     bool m_textOnRight;
+    /// Of the last repaint, for the next one.
+    QImage m_picture;
 };
 
 } // namespace dalvora::toolbar

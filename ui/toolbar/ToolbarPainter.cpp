@@ -68,17 +68,18 @@ void paintContent(QPainter& painter, const ToolbarDescription& bar, const Toolba
 } // namespace
 
 QImage ToolbarPainter::paint(const ToolbarDescription& bar, const ToolbarImages& images, const QRect& part,
-                             qreal scale) const {
+                             qreal scale, QImage earlier) const {
     const QRect shown = part & QRect({}, bar.size);
     if (!canPaint() || shown.isEmpty())
         return {};
-    QImage buffer(static_cast<int>(std::ceil(shown.width() * scale)),
-                  static_cast<int>(std::ceil(shown.height() * scale)), QImage::Format_RGB32);
+    const QSize size(static_cast<int>(std::ceil(shown.width() * scale)),
+                     static_cast<int>(std::ceil(shown.height() * scale)));
+    QImage buffer = earlier.size() == size ? std::move(earlier) : QImage(size, QImage::Format_RGB32);
     buffer.setDevicePixelRatio(scale);
+    m_skin.fillBackground(buffer, bar.size, shown.topLeft());
     QPainter painter(&buffer);
     painter.translate(-shown.topLeft());
     painter.setFont(bar.font);
-    painter.drawImage(0, 0, m_skin.background(bar.size));
     painter.setPen(m_skin.captionColour(CaptionColour::Normal));
     for (const ToolbarButton& button : bar.buttons) {
         if (button.style != StyleSeparator)

@@ -20,8 +20,10 @@ public:
 
     /// Finished picture of a part of the toolbar, to be shown at that part's place in one go. Scale is the
     /// number of screen pixels to one of the toolbar's. Null without a usable skin or for an empty part.
+    /// The picture of an earlier repaint may be handed in: fresh memory for every repaint costs more than
+    /// drawing.
     QImage paint(const ToolbarDescription& bar, const ToolbarImages& images, const QRect& part,
-                 qreal scale = 1) const;
+                 qreal scale = 1, QImage earlier = {}) const;
 
 private:
     void paintButton(QPainter& painter, const ToolbarDescription& bar, const ToolbarImages& images,

@@ -38,23 +38,38 @@ const QRgb* pixels(const QImage& image, int row) {
     return reinterpret_cast<const QRgb*>(image.constScanLine(row));
 }
 
-/// The piece at a column of the bitmap in the size asked for.
-QImage composed(const QImage& bitmap, int x, const Span& across, const Span& down, QSize size) {
-    const std::vector<int> columns = sourceOf(across, size.width());
-    const std::vector<int> rows = sourceOf(down, size.height());
-    QImage piece(size, bitmap.format());
-    for (int y = 0; y < size.height(); ++y) {
-        auto* target = reinterpret_cast<QRgb*>(piece.scanLine(y));
+/// Fills a picture with a piece at a column of the bitmap: for each of its columns and rows the one of the
+/// piece.
+void compose(QImage& picture, const QImage& bitmap, int x, const std::vector<int>& columns,
+             const std::vector<int>& rows) {
+    for (int y = 0; y < picture.height(); ++y) {
+        auto* target = reinterpret_cast<QRgb*>(picture.scanLine(y));
         const auto row = static_cast<std::size_t>(y);
         if (y > 0 && rows[row] == rows[row - 1]) {
-            std::memcpy(target, pixels(piece, y - 1), static_cast<std::size_t>(size.width()) * sizeof(QRgb));
+            std::memcpy(target, pixels(picture, y - 1), columns.size() * sizeof(QRgb));
             continue;
         }
         const QRgb* source = pixels(bitmap, rows[row]) + x;
         for (const int column : columns)
             *target++ = source[column];
     }
+}
+
+QImage composed(const QImage& bitmap, int x, const Span& across, const Span& down, QSize size) {
+    QImage piece(size, bitmap.format());
+    compose(piece, bitmap, x, sourceOf(across, size.width()), sourceOf(down, size.height()));
     return piece;
+}
+
+/// The stretch of a direction that a number of finer pixels shows, beginning at a place.
+std::vector<int> magnified(const std::vector<int>& source, int first, int count, qreal scale) {
+    std::vector<int> result(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        const auto place =
+            static_cast<std::size_t>(first + static_cast<int>((static_cast<qreal>(i) + 0.5) / scale));
+        result[i] = source[std::min(place, source.size() - 1)];
+    }
+    return result;
 }
 
 constexpr Span tileAcross{layout::edge, layout::tileWidth - 2 * layout::edge, layout::edge};
@@ -77,6 +92,13 @@ ToolbarSkin::ToolbarSkin(const QImage& picture) {
     }
     for (std::size_t i = 0; i < m_colours.size(); ++i)
         m_colours[i] = m_opaque.pixelColor(layout::colourX, layout::colourRows[i]);
+}
+
+void ToolbarSkin::fillBackground(QImage& picture, QSize size, QPoint origin) const {
+    const qreal scale = picture.devicePixelRatio();
+    compose(picture, m_opaque, layout::backgroundX,
+            magnified(sourceOf(wholeWidth, size.width()), origin.x(), picture.width(), scale),
+            magnified(sourceOf(tileDown, size.height()), origin.y(), picture.height(), scale));
 }
 
 QImage ToolbarSkin::background(QSize size) const {

@@ -39,6 +39,8 @@ public:
 
     // The pieces, each composed in the size asked for (at least 1 x 1 pixel).
     QImage background(QSize size) const;
+    /// The background of a toolbar of that size, from a place of it on, straight into a picture (RGB32).
+    void fillBackground(QImage& picture, QSize size, QPoint origin) const;
     QImage face(FaceState state, FacePart part, QSize size) const;
     QImage separator(int height) const;
     /// The disabled form is the same drawing in the disabled colour of captions.
