@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPixmap>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -19,6 +20,8 @@ public:
     Tour(dalvora::frmMain& form, QString folder);
 
     void start();
+    /// Leaves one more picture, of something that is no step of the job.
+    void addPicture(const QString& name, const QPixmap& picture);
     /// Steps that did not find what they needed on screen, or pictures that could not be written.
     int failures() const { return m_failures; }
 
@@ -37,6 +40,7 @@ private:
     void addOtherWindowSteps();
     void next();
     void takePicture(const QString& name);
+    void save(const QString& name, const QPixmap& picture);
     /// Tells a step that found nothing to act on.
     void fail(const QString& why);
 

@@ -3,10 +3,27 @@
 #include "forms/MessageBoxes.h"
 #include "forms/main/frmMain.h"
 #include "tools/tour/Tour.h"
+#include "ui/toolbar/demo/DemoWindow.h"
 #include <QApplication>
 #include <QDir>
+#include <QStyle>
 #include <QTemporaryDir>
 #include <cstdio>
+
+namespace {
+
+/// The skinned toolbars, which stand ready for forms, beside plain ones in the toolkit's own look.
+QPixmap pictureOfToolbars() {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    dalvora::toolbar::DemoWindow window(dalvora::toolbar::shippedSkin());
+    window.show();
+    window.pointAtButton();
+    QApplication::processEvents();
+    return window.grab();
+}
+
+} // namespace
 
 // Plays the main job in a company of its own and leaves pictures in the folder given as only argument.
 int main(int argc, char** argv) {
@@ -34,6 +51,7 @@ int main(int argc, char** argv) {
     tour.start();
     QApplication::exec();
     program.Form_Unload();
+    tour.addPicture(QStringLiteral("barra-con-piel"), pictureOfToolbars());
     dalvora::installMessagePresenter(nullptr);
     return tour.failures() == 0 ? 0 : 1;
 }

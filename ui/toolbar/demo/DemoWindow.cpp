@@ -2,6 +2,7 @@
 #include "platform/skin/ImageList.h"
 #include "ui/toolbar/demo/StateBoard.h"
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
@@ -57,6 +58,10 @@ QLabel* boldLabel(const QString& text) {
 }
 
 } // namespace
+
+QImage shippedSkin() {
+    return QImage(QCoreApplication::applicationDirPath() + u"/../Styles/LightBlueToolbar.bmp"_s);
+}
 
 DemoWindow::DemoWindow(const QImage& skinPicture) : m_skinPicture(skinPicture) {
     setWindowTitle(u"Barras de herramientas con piel"_s);

@@ -10,6 +10,9 @@ class QGridLayout;
 
 namespace dalvora::toolbar {
 
+/// The skin that lies in the program's folder of styles; null when it is lost.
+QImage shippedSkin();
+
 /// Shows toolbars with the skin beside the same ones without it, and below every button style in every state.
 /// Captions under and beside the images, a drop-down menu, checked, exclusive and disabled buttons are real:
 /// the mouse tries them.

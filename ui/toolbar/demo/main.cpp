@@ -14,10 +14,9 @@ int main(int argc, char** argv) {
         return arguments.value(arguments.indexOf(option) + 1);
     };
 
-    QString skinFile = QApplication::applicationDirPath() + QStringLiteral("/../Styles/LightBlueToolbar.bmp");
-    if (arguments.contains(QStringLiteral("--skin")))
-        skinFile = valueOf(QStringLiteral("--skin"));
-    dalvora::toolbar::DemoWindow window{QImage(skinFile)};
+    dalvora::toolbar::DemoWindow window(arguments.contains(QStringLiteral("--skin"))
+                                            ? QImage(valueOf(QStringLiteral("--skin")))
+                                            : dalvora::toolbar::shippedSkin());
     window.show();
     if (!arguments.contains(QStringLiteral("--grab")))
         return QApplication::exec();
