@@ -10,23 +10,24 @@ namespace dalvora {
 
 namespace {
 
-QByteArray resource(const QString& path) {
+QByteArray script(SchemaEngine engine, const char* name) {
     initialiseResources();
-    QFile file(path);
+    const char* folder = engine == SchemaEngine::Sqlite ? "sqlite" : "postgresql";
+    QFile file(QStringLiteral(":/sql/%1/%2").arg(QLatin1String(folder), QLatin1String(name)));
     // The text is part of the program: without it there is no program to report to.
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("missing resource %s", qPrintable(path));
+        qFatal("missing resource %s", qPrintable(file.fileName()));
     return file.readAll();
 }
 
 } // namespace
 
-QByteArray erpTables() {
-    return resource(QStringLiteral(":/sql/sqlite/erp.sql"));
+QByteArray erpTables(SchemaEngine engine) {
+    return script(engine, "erp.sql");
 }
 
-QByteArray sessionTables() {
-    return resource(QStringLiteral(":/sql/sqlite/session.sql"));
+QByteArray sessionTables(SchemaEngine engine) {
+    return script(engine, "session.sql");
 }
 
 } // namespace dalvora

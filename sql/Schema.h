@@ -4,9 +4,12 @@
 
 namespace dalvora {
 
-/// The statements that create the ERP's tables in an empty embedded database (UTF-8, separated by ";").
-QByteArray erpTables();
+/// Databases that have a schema here.
+enum class SchemaEngine { Sqlite, PostgreSql };
+
+/// The statements that create the ERP's tables in an empty database (UTF-8, separated by ";").
+QByteArray erpTables(SchemaEngine engine = SchemaEngine::Sqlite);
 /// The statements that create the session service's tables, with the layout's version in ses_esquema.
-QByteArray sessionTables();
+QByteArray sessionTables(SchemaEngine engine = SchemaEngine::Sqlite);
 
 } // namespace dalvora

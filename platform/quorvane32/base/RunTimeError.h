@@ -7,6 +7,8 @@ namespace quorvane {
 
 /// Numbers of the run-time errors that the programs of the ERP test for or show.
 enum RunTimeErrorNumber : int {
+    ErrorCommandFailed = -2147217900, ///< a command failed for a reason without a number of its own
+    ErrorStatementTimeout = -2,
     ErrorInvalidCall = 5,
     ErrorOverflow = 6,
     ErrorOutOfMemory = 7,
@@ -19,6 +21,9 @@ enum RunTimeErrorNumber : int {
     ErrorPathAccess = 75,
     ErrorObjectNotSet = 91,
     ErrorInvalidNull = 94,
+    ErrorSyntax = 102,
+    ErrorNoSuchColumn = 207,
+    ErrorNoSuchTable = 208,
     ErrorDateLiteral = 241,
     ErrorLinkNoAnswer = 282,
     ErrorLinkRefused = 285,
@@ -33,6 +38,9 @@ enum RunTimeErrorNumber : int {
     ErrorCannotCreateObject = 429,
     ErrorNoSuchProperty = 438,
     ErrorPrinter = 482,
+    ErrorNullNotAllowed = 515,
+    ErrorForeignKey = 547,
+    ErrorDeadlock = 1205,
     ErrorLockTimeout = 1222,
     ErrorDuplicateKey = 2627,
     ErrorNoCurrentRecord = 3021,
@@ -41,6 +49,11 @@ enum RunTimeErrorNumber : int {
     ErrorObjectClosed = 3704,
     ErrorRefusedStatement = 3705,
     ErrorConnectionLost = 3709,
+    ErrorTransactionFailed = 3930,
+    ErrorNoSuchDatabase = 4060,
+    ErrorNumberTooLarge = 8115,
+    ErrorTextTooLong = 8152,
+    ErrorLoginFailed = 18456,
     ErrorDialogCancelled = 32755,
 };
 

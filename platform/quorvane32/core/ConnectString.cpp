@@ -49,6 +49,12 @@ QString ConnectString::value(const QString& key, const QString& fallback) const 
     return m_values.value(key.toLower(), fallback);
 }
 
+int ConnectString::number(const QString& key, int fallback) const {
+    bool ok = false;
+    const int number = value(key).toInt(&ok);
+    return ok ? number : fallback;
+}
+
 void ConnectString::setValue(const QString& key, const QString& value) {
     m_values.insert(key.toLower(), value);
 }

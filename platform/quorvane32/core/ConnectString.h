@@ -13,6 +13,8 @@ public:
     static ConnectString parse(const QString& text);
 
     QString value(const QString& key, const QString& fallback = {}) const;
+    /// A whole number; the fallback for a value that is none or is missing.
+    int number(const QString& key, int fallback) const;
     void setValue(const QString& key, const QString& value);
     QString toString() const;
 

@@ -1,12 +1,9 @@
 #include "platform/quorvane32/core/sqlite/SqliteEngine.h"
 #include "platform/quorvane32/base/RunTimeError.h"
-#include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/sqlite/SqliteCursor.h"
 #include <sqlite3.h>
 
-namespace quorvane {
-
-namespace sqlite {
+namespace quorvane::sqlite {
 
 namespace {
 
@@ -164,20 +161,10 @@ void SqliteEngine::rollback() {
         run(m_database.get(), "ROLLBACK");
 }
 
-} // namespace sqlite
-
-std::unique_ptr<Engine> openEngine(const QString& connectString) {
+std::unique_ptr<Engine> openSqlite(const ConnectString& options) {
     constexpr int usualTimeout = 5000;
-    const ConnectString options = ConnectString::parse(connectString);
-    const QString driver = options.value(QStringLiteral("driver"));
-    if (driver.compare(QLatin1String("sqlite"), Qt::CaseInsensitive) != 0)
-        throw RunTimeError(
-            ErrorCannotCreateObject,
-            QStringLiteral("Este programa no tiene controlador para la base de datos '%1'").arg(driver));
-    bool ok = false;
-    const int timeout = options.value(QStringLiteral("timeout")).toInt(&ok);
-    auto engine = std::make_unique<sqlite::SqliteEngine>(options.value(QStringLiteral("database")),
-                                                         ok ? timeout : usualTimeout);
+    auto engine = std::make_unique<SqliteEngine>(options.value(QStringLiteral("database")),
+                                                 options.number(QStringLiteral("timeout"), usualTimeout));
     if (options.value(QStringLiteral("synchronous")).compare(u"normal", Qt::CaseInsensitive) == 0)
         engine->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
     if (options.value(QStringLiteral("readonly")).compare(u"s", Qt::CaseInsensitive) == 0)
@@ -185,4 +172,4 @@ std::unique_ptr<Engine> openEngine(const QString& connectString) {
     return engine;
 }
 
-} // namespace quorvane
+} // namespace quorvane::sqlite

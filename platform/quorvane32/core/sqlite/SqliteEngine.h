@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Engine.h"
 #include "platform/quorvane32/core/sqlite/SqliteDialect.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
@@ -45,5 +46,8 @@ private:
     std::list<Compiled> m_compiled;
     bool m_writesAhead = false;
 };
+
+/// Opens the database that a connect string describes.
+std::unique_ptr<Engine> openSqlite(const ConnectString& options);
 
 } // namespace quorvane::sqlite

@@ -1,0 +1,44 @@
+#include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/EngineFactory.h"
+#include "platform/quorvane32/core/sqlite/SqliteEngine.h"
+#include <QPluginLoader>
+
+namespace quorvane {
+
+namespace {
+
+struct Module {
+    const char16_t* driver;
+    const char* file; ///< below the program's folder, or another folder where modules are looked for
+};
+
+constexpr Module modules[] = {
+    {u"postgresql", "quorvane/quorvane_postgres"},
+};
+
+std::unique_ptr<Engine> openFromModule(const Module& module, const ConnectString& options) {
+    QPluginLoader loader(QLatin1String(module.file));
+    auto* factory = qobject_cast<EngineFactory*>(loader.instance());
+    if (!factory)
+        throw RunTimeError(ErrorCannotCreateObject,
+                           QStringLiteral("No se puede cargar el controlador de la base de datos '%1' [%2]")
+                               .arg(QString::fromUtf16(module.driver), loader.errorString()));
+    return factory->open(options);
+}
+
+} // namespace
+
+std::unique_ptr<Engine> openEngine(const QString& connectString) {
+    const ConnectString options = ConnectString::parse(connectString);
+    const QString driver = options.value(QStringLiteral("driver"));
+    if (driver.compare(u"sqlite", Qt::CaseInsensitive) == 0)
+        return sqlite::openSqlite(options);
+    for (const Module& module : modules)
+        if (driver.compare(QStringView(module.driver), Qt::CaseInsensitive) == 0)
+            return openFromModule(module, options);
+    throw RunTimeError(
+        ErrorCannotCreateObject,
+        QStringLiteral("Este programa no tiene controlador para la base de datos '%1'").arg(driver));
+}
+
+} // namespace quorvane

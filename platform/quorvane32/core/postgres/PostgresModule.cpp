@@ -1,0 +1,21 @@
+#include "platform/quorvane32/core/EngineFactory.h"
+#include "platform/quorvane32/core/postgres/PostgresEngine.h"
+#include <QObject>
+
+namespace quorvane::postgres {
+
+/// The module's door.
+class PostgresModule final : public QObject, public EngineFactory {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QUORVANE_ENGINE_FACTORY)
+    Q_INTERFACES(quorvane::EngineFactory)
+
+public:
+    std::unique_ptr<Engine> open(const ConnectString& options) override {
+        return std::make_unique<PostgresEngine>(options);
+    }
+};
+
+} // namespace quorvane::postgres
+
+#include "PostgresModule.moc"
