@@ -32,14 +32,14 @@ protected:
         program.addPrecio(u"MIN"_s);
     }
 
-    Program first{path};
-    Program second{path};
+    Program first{database};
+    Program second{database};
     QStringList before;
 };
 
 } // namespace
 
-TEST_F(StoredFaults, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) {
+TEST_P(StoredFaults, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) {
     first.table.setTextValue(5, u"01/02/2006"_s);
     ASSERT_TRUE(first.table.DBWrite(true));
     recorder.take();
@@ -56,14 +56,14 @@ TEST_F(StoredFaults, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) 
     EXPECT_TRUE(second.table.hasUnsavedChanges());
 }
 
-TEST_F(StoredFaults, ASaveAfterADeletionByAnotherUserIsRefused) {
+TEST_P(StoredFaults, ASaveAfterADeletionByAnotherUserIsRefused) {
     ASSERT_TRUE(first.table.DBDelete());
     EXPECT_FALSE(second.table.DBWrite(true));
     expectTold({modifiedByOther});
     EXPECT_EQ(stored(), QStringList());
 }
 
-TEST_F(StoredFaults, ADeletionAfterAChangedPeriodIsRefused) {
+TEST_P(StoredFaults, ADeletionAfterAChangedPeriodIsRefused) {
     first.table.setTextValue(5, u"01/02/2006"_s);
     ASSERT_TRUE(first.table.DBWrite());
     const QStringList afterFirst = stored();
@@ -74,8 +74,8 @@ TEST_F(StoredFaults, ADeletionAfterAChangedPeriodIsRefused) {
     EXPECT_EQ(stored(), afterFirst);
 }
 
-TEST_F(StoredFaults, AHeaderThatAnotherUserCreatedMeanwhileIsTold) {
-    Program third(path);
+TEST_P(StoredFaults, AHeaderThatAnotherUserCreatedMeanwhileIsTold) {
+    Program third(database);
     third.begin(u"C9"_s);
     first.begin(u"C9"_s);
     third.addMonto(u"FAC"_s);
@@ -87,7 +87,7 @@ TEST_F(StoredFaults, AHeaderThatAnotherUserCreatedMeanwhileIsTold) {
     EXPECT_EQ(stored(), afterThird);
 }
 
-TEST_F(StoredFaults, ALineThatIsThereTwiceIsToldWithItsPosition) {
+TEST_P(StoredFaults, ALineThatIsThereTwiceIsToldWithItsPosition) {
     first.addMonto(u"FAC"_s);
     EXPECT_FALSE(first.table.DBWrite(true));
     expectTold(
@@ -99,7 +99,7 @@ TEST_F(StoredFaults, ALineThatIsThereTwiceIsToldWithItsPosition) {
     EXPECT_TRUE(first.table.DBWrite(true));
 }
 
-TEST_F(StoredFaults, AFaultAtAnyStatementStoresNothingAndTheNextSaveStoresAll) {
+TEST_P(StoredFaults, AFaultAtAnyStatementStoresNothingAndTheNextSaveStoresAll) {
     changeEverything(second);
     ASSERT_TRUE(second.table.DBWrite());
     const QStringList after = stored();
@@ -107,10 +107,8 @@ TEST_F(StoredFaults, AFaultAtAnyStatementStoresNothingAndTheNextSaveStoresAll) {
     // Header, carried period, and for the lines three of products, one of amounts and one of price lists.
     constexpr int statements = 7;
     for (int fault = 1; fault <= statements; ++fault) {
-        const QString file = folder.filePath(u"fault%1.db"_s.arg(fault));
-        demo::createEmptyDatabase(file);
-        path = file;
-        Program program(path);
+        const TestDatabase fresh(GetParam());
+        Program program(fresh);
         program.begin(u"C1"_s);
         program.addDetail(u"A1"_s);
         program.addDetail(u"A2"_s);
@@ -123,15 +121,15 @@ TEST_F(StoredFaults, AFaultAtAnyStatementStoresNothingAndTheNextSaveStoresAll) {
         program.plan.atStatement = fault;
         EXPECT_FALSE(program.table.DBWrite()) << fault;
         EXPECT_EQ(recorder.take().size(), 1U);
-        EXPECT_EQ(stored(), before) << fault;
+        EXPECT_EQ(stored(fresh), before) << fault;
         program.plan.heal();
         EXPECT_TRUE(program.table.DBWrite());
         EXPECT_EQ(program.plan.statements, statements);
-        EXPECT_EQ(stored(), after) << fault;
+        EXPECT_EQ(stored(fresh), after) << fault;
     }
 }
 
-TEST_F(StoredFaults, AFaultAtTheCommitStoresNothingAndTheNextSaveStoresAll) {
+TEST_P(StoredFaults, AFaultAtTheCommitStoresNothingAndTheNextSaveStoresAll) {
     changeEverything(first);
     first.plan.onCommit = true;
     EXPECT_FALSE(first.table.DBWrite());
@@ -142,7 +140,7 @@ TEST_F(StoredFaults, AFaultAtTheCommitStoresNothingAndTheNextSaveStoresAll) {
     EXPECT_NE(stored(), before);
 }
 
-TEST_F(StoredFaults, AConnectionLostInTheMiddleStoresNothingAndTheNextSaveStoresAll) {
+TEST_P(StoredFaults, AConnectionLostInTheMiddleStoresNothingAndTheNextSaveStoresAll) {
     changeEverything(first);
     first.plan.statements = 0;
     first.plan.atStatement = 4;
@@ -155,11 +153,12 @@ TEST_F(StoredFaults, AConnectionLostInTheMiddleStoresNothingAndTheNextSaveStores
     expectSilence();
 }
 
-TEST_F(StoredFaults, AnotherProgramsLockIsToldAndTheNextSaveStoresAll) {
-    Program waiting(path, 50);
+TEST_P(StoredFaults, AnotherProgramsLockIsToldAndTheNextSaveStoresAll) {
+    Program waiting(database, 50);
     ASSERT_TRUE(waiting.read(u"C1"_s));
     waiting.table.Details(1).setTextValue(6, u"6"_s);
     first.connection.beginTrans();
+    first.connection.execute(u"update Comisiones set descripcion = 'en curso' where codigo = 'C1'"_s);
     EXPECT_FALSE(waiting.table.DBWrite(true));
     const auto told = recorder.take();
     ASSERT_EQ(told.size(), 1U);
@@ -171,7 +170,7 @@ TEST_F(StoredFaults, AnotherProgramsLockIsToldAndTheNextSaveStoresAll) {
     EXPECT_EQ(countStored(u"ComisionesD"_s, u"concepto = 'A1' and porcentaje = 6"_s), 1);
 }
 
-TEST_F(StoredFaults, ATableThatIsGoneIsTold) {
+TEST_P(StoredFaults, ATableThatIsGoneIsTold) {
     first.connection.execute(u"drop table ComisionesD"_s);
     EXPECT_FALSE(second.read(u"C1"_s));
     const auto told = recorder.take();
@@ -179,3 +178,5 @@ TEST_F(StoredFaults, ATableThatIsGoneIsTold) {
     EXPECT_TRUE(told[0].text.startsWith(u"Error al leer registro\n"_s));
     EXPECT_EQ(told[0].style, 16);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, StoredFaults, testing::ValuesIn(allEngines), engineName);

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "data/DBTable.h"
-#include "demo/Database.h"
 #include "tests/support/FailEngine.h"
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
-#include <QTemporaryDir>
+#include "tests/support/TestDatabase.h"
 #include <gtest/gtest.h>
 
 namespace dalvora::test {
@@ -15,10 +14,10 @@ using quorvane::Date;
 using quorvane::Recordset;
 using quorvane::RunTimeError;
 
-/// A program at work on an embedded database: its own connection, session and record.
+/// A program at work on a database: its own connection, session and record.
 struct Program {
-    explicit Program(const QString& path, int timeout = 5000) {
-        connection.open(u"Driver=sqlite;Database=%1;Timeout=%2;Synchronous=normal"_s.arg(path).arg(timeout));
+    explicit Program(const TestDatabase& database, int timeout = 5000) {
+        connection.open(database.connectString(timeout));
         table.SysEmpresa = session.company;
         table.SysDecimales = 3;
         table.carga_inicio();
@@ -73,18 +72,17 @@ struct Program {
     DBTable table{connection, session, regional};
 };
 
-/// Programs on one empty embedded database, their messages recorded.
-class StoredTest : public testing::Test {
+/// Programs on one empty database of each engine, their messages recorded.
+class StoredTest : public testing::TestWithParam<TestEngine> {
 protected:
-    StoredTest() { demo::createEmptyDatabase(path); }
-
     void expectTold(const std::vector<Message>& expected) { EXPECT_EQ(recorder.take(), expected); }
     void expectSilence() { EXPECT_EQ(recorder.take(), std::vector<Message>()); }
 
     /// Every row of the two tables, each as one text, sorted: what is stored.
-    QStringList stored() {
+    QStringList stored() { return stored(database); }
+    static QStringList stored(const TestDatabase& database) {
         quorvane::Connection connection;
-        connection.open(u"Driver=sqlite;Database="_s + path);
+        connection.open(database.connectString());
         QStringList rows;
         for (const QString& name : {u"Comisiones"_s, u"ComisionesD"_s}) {
             Recordset row = connection.openRecordset(u"select * from "_s + name);
@@ -100,15 +98,14 @@ protected:
     }
     int countStored(const QString& table, const QString& condition) {
         quorvane::Connection connection;
-        connection.open(u"Driver=sqlite;Database="_s + path);
+        connection.open(database.connectString());
         Recordset row =
             connection.openRecordset(u"select count(*) from "_s + table + u" where "_s + condition);
         return *row.value(0).get<qint32>();
     }
 
     MessageRecorder recorder;
-    QTemporaryDir folder;
-    QString path = folder.filePath(u"erp.db"_s);
+    TestDatabase database{GetParam()};
 };
 
 } // namespace dalvora::test

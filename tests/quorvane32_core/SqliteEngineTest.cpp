@@ -43,42 +43,6 @@ protected:
 
 } // namespace
 
-TEST_F(SqliteEngineTest, ValuesComeInTheKindsOfTheirColumns) {
-    connection.execute("INSERT INTO t VALUES ('a', 2.5, 2.5, '05/03/2006', 7)");
-    Recordset rows = connection.openRecordset("SELECT * FROM t");
-    ASSERT_FALSE(rows.eof());
-    EXPECT_EQ(rows.value(u"codigo").kind(), Kind::String);
-    EXPECT_EQ(rows.value(u"VALOR").kind(), Kind::Decimal);
-    EXPECT_EQ(rows.value(u"Medida").kind(), Kind::Double);
-    EXPECT_EQ(rows.value(u"Fecha").kind(), Kind::Date);
-    EXPECT_EQ(rows.value(u"Veces").kind(), Kind::Long);
-    EXPECT_EQ(rows.value(u"Fecha").toText(RegionalSettings()), "05/03/2006");
-    EXPECT_EQ(rows.fieldName(1), "Valor");
-    rows.moveNext();
-    EXPECT_TRUE(rows.eof());
-    EXPECT_EQ(errorOf([&] { (void)rows.value(0); }), ErrorNoCurrentRecord);
-    EXPECT_EQ(errorOf([&] { (void)rows.ordinal(u"nada"); }), ErrorItemNotFound);
-}
-
-TEST_F(SqliteEngineTest, ExactColumnHoldingAWholeNumberStaysExact) {
-    connection.execute("INSERT INTO t (Codigo, Valor, Medida) VALUES ('a', 10, 10)");
-    Recordset rows = connection.openRecordset("SELECT Valor, Medida, sum(Valor) AS s FROM t");
-    EXPECT_EQ(rows.value(0).kind(), Kind::Decimal);
-    EXPECT_EQ(rows.value(1).kind(), Kind::Double);
-    EXPECT_EQ(rows.value(1).toText(RegionalSettings()), "10");
-}
-
-TEST_F(SqliteEngineTest, TextsCompareAsOnTheServer) {
-    connection.execute(u"INSERT INTO t (Codigo) VALUES ('Año')"_qs);
-    EXPECT_FALSE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo = 'AÑO '"_qs).eof());
-    EXPECT_TRUE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo = 'Ano'"_qs).eof());
-    EXPECT_FALSE(connection.openRecordset(u"SELECT 1 FROM t WHERE Codigo LIKE '%Ñ%'"_qs).eof());
-    EXPECT_EQ(errorOf([&] { connection.execute(u"INSERT INTO t (Codigo) VALUES ('aÑo')"_qs); }),
-              ErrorDuplicateKey);
-    ASSERT_EQ(connection.errors().size(), 1U);
-    EXPECT_EQ(connection.errors().back().number, ErrorDuplicateKey);
-}
-
 TEST_F(SqliteEngineTest, NulAndEmojiSurviveWritingAndSearching) {
     const QString odd = u"a"_qs + QChar(u'\0') + u"b😀'"_qs;
     QString literal = odd;
@@ -88,33 +52,6 @@ TEST_F(SqliteEngineTest, NulAndEmojiSurviveWritingAndSearching) {
         connection.openRecordset(QStringLiteral("SELECT Codigo FROM t WHERE Codigo = '%1'").arg(literal));
     ASSERT_FALSE(rows.eof());
     EXPECT_EQ(rows.value(0).toText(RegionalSettings()), odd);
-}
-
-TEST_F(SqliteEngineTest, AffectedRowsAreThoseOfTheLastCommand) {
-    connection.execute("INSERT INTO t (Codigo) VALUES ('a'), ('b')");
-    EXPECT_EQ(connection.affectedRows(), 2);
-    connection.execute("UPDATE t SET Veces = 1 WHERE Codigo = 'c'");
-    EXPECT_EQ(connection.affectedRows(), 0);
-    EXPECT_EQ(connection.execute("DELETE FROM t"), 2);
-}
-
-TEST_F(SqliteEngineTest, RecordsetRefusesAnythingButOneSelect) {
-    EXPECT_EQ(errorOf([&] { connection.openRecordset("DELETE FROM t"); }), ErrorRefusedStatement);
-    EXPECT_EQ(errorOf([&] { connection.openRecordset("SELECT 1; DELETE FROM t"); }), ErrorRefusedStatement);
-    EXPECT_EQ(errorOf([&] { connection.execute("DELETE FROM t; DELETE FROM t"); }), ErrorRefusedStatement);
-}
-
-TEST_F(SqliteEngineTest, MisspeltColumnIsAnErrorNotAText) {
-    EXPECT_NE(errorOf([&] { connection.openRecordset("SELECT \"nada\" FROM t"); }), 0);
-}
-
-TEST_F(SqliteEngineTest, RollbackLeavesNothing) {
-    connection.beginTrans();
-    connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
-    EXPECT_EQ(errorOf([&] { connection.beginTrans(); }), ErrorInvalidCall);
-    connection.rollbackTrans();
-    EXPECT_TRUE(connection.openRecordset("SELECT 1 FROM t").eof());
-    EXPECT_EQ(errorOf([&] { connection.commitTrans(); }), ErrorInvalidCall);
 }
 
 TEST_F(SqliteEngineTest, AnotherWritersLockIsWaitedForThenReported) {
@@ -132,16 +69,6 @@ TEST_F(SqliteEngineTest, AnotherWritersLockIsWaitedForThenReported) {
     EXPECT_EQ(errorOf([&] { patient.beginTrans(); }), 0);
     writer.join();
     patient.commitTrans();
-}
-
-TEST_F(SqliteEngineTest, ReadersDoNotWaitForAWriter) {
-    Connection other;
-    other.open(connectString());
-    other.beginTrans();
-    other.execute("INSERT INTO t (Codigo) VALUES ('a')");
-    EXPECT_TRUE(connection.openRecordset("SELECT 1 FROM t").eof());
-    other.commitTrans();
-    EXPECT_FALSE(connection.openRecordset("SELECT 1 FROM t").eof());
 }
 
 TEST_F(SqliteEngineTest, FilesThatAreNoDatabaseAreTold) {
@@ -207,20 +134,6 @@ TEST_F(SqliteEngineTest, AShapeAlreadyCompiledRefusesAnUnfilledParameterToo) {
     EXPECT_EQ(errorOf([&] { connection.execute("INSERT INTO t (Codigo, Veces) VALUES (?, 2)"); }),
               ErrorRefusedStatement);
     EXPECT_EQ(connection.execute("INSERT INTO t (Codigo, Veces) VALUES ('b', 2)"), 1);
-}
-
-TEST_F(SqliteEngineTest, AStatementWithANulOutsideItsTextsDoesNotRun) {
-    connection.execute("INSERT INTO t (Codigo) VALUES ('a')");
-    const QString cut = u"DELETE FROM t "_qs + QChar(u'\0') + u" WHERE Codigo = 'b'"_qs;
-    EXPECT_EQ(errorOf([&] { connection.execute(cut); }), ErrorRefusedStatement);
-    EXPECT_FALSE(connection.openRecordset("SELECT 1 FROM t").eof());
-}
-
-TEST_F(SqliteEngineTest, ADefinitionAffectsNoRows) {
-    EXPECT_EQ(connection.execute("INSERT INTO t (Codigo) VALUES ('a'), ('b')"), 2);
-    EXPECT_EQ(connection.execute("CREATE TABLE u (a TEXT)"), 0);
-    EXPECT_EQ(connection.execute("DROP TABLE u"), 0);
-    EXPECT_EQ(connection.affectedRows(), 0);
 }
 
 TEST_F(SqliteEngineTest, ATimeOfDayCountsForwardInItsDay) {

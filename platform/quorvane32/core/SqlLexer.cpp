@@ -122,6 +122,25 @@ QString literalText(QStringView literal) {
     return literal.mid(1, literal.size() - 2).toString().replace(QLatin1String("''"), QLatin1String("'"));
 }
 
+QStringList statementsOf(const QString& script) {
+    std::vector<SqlToken> tokens;
+    tokenize(script, tokens);
+    QStringList statements;
+    qsizetype start = 0;
+    bool any = false;
+    for (const SqlToken& token : tokens) {
+        const bool ends = token.kind == SqlToken::Symbol && token.text(script) == u";";
+        if (ends && any)
+            statements.append(script.mid(start, token.start - start));
+        if (ends)
+            start = token.start + 1;
+        any = !ends && (any || token.significant());
+    }
+    if (any)
+        statements.append(script.mid(start));
+    return statements;
+}
+
 void requireOneStatement(QStringView sql, const std::vector<SqlToken>& tokens) {
     bool ended = false;
     bool any = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QStringView>
 #include <vector>
 
@@ -27,6 +28,9 @@ void tokenize(QStringView sql, std::vector<SqlToken>& tokens);
 
 /// What a text literal stands for: without its quotes, doubled quotes made single.
 QString literalText(QStringView literal);
+
+/// The statements of a script, which stand before a ";" each.
+QStringList statementsOf(const QString& script);
 
 /// Error 3705 unless the tokens are exactly one statement with no NUL outside its texts, and for a query one
 /// SELECT that stores nothing (no INTO). A trailing ";" is allowed.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tests/support/PostgresCluster.h"
+#include <QString>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace dalvora::test {
+
+/// The engines that one suite runs on.
+enum class TestEngine { Sqlite, PostgreSql };
+
+inline constexpr TestEngine allEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql};
+
+/// For INSTANTIATE_TEST_SUITE_P: names a test by its engine.
+inline std::string engineName(const testing::TestParamInfo<TestEngine>& info) {
+    return info.param == TestEngine::Sqlite ? "Sqlite" : "PostgreSql";
+}
+
+/// A database of the test's own: the ERP's and the session's tables without a row, or nothing at all. The
+/// server of a test program starts with its first database and ends with the program.
+class TestDatabase {
+public:
+    enum class Tables { All, None };
+    explicit TestDatabase(TestEngine engine, Tables tables = Tables::All);
+    ~TestDatabase();
+    TestDatabase(const TestDatabase&) = delete;
+    TestDatabase& operator=(const TestDatabase&) = delete;
+
+    TestEngine engine() const { return m_engine; }
+    /// `timeout`: how long a lock is waited for (ms).
+    QString connectString(int timeout = 5000) const;
+    /// Runs statements separated by ";" on a connection of their own.
+    void run(const QString& script) const;
+
+    /// The server that the databases of this program live on.
+    static PostgresCluster& cluster();
+
+private:
+    TestEngine m_engine;
+    QTemporaryDir m_folder;
+    QString m_name;
+};
+
+} // namespace dalvora::test
