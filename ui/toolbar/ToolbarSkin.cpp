@@ -63,11 +63,12 @@ QImage composed(const QImage& bitmap, int x, const Span& across, const Span& dow
 
 /// The stretch of a direction that a number of finer pixels shows, beginning at a place.
 std::vector<int> magnified(const std::vector<int>& source, int first, int count, qreal scale) {
-    std::vector<int> result(static_cast<std::size_t>(count));
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        const auto place =
-            static_cast<std::size_t>(first + static_cast<int>((static_cast<qreal>(i) + 0.5) / scale));
-        result[i] = source[std::min(place, source.size() - 1)];
+    std::vector<int> result;
+    result.reserve(static_cast<std::size_t>(count));
+    const int last = static_cast<int>(source.size()) - 1;
+    for (int i = 0; i < count; ++i) {
+        const int place = std::min(first + static_cast<int>((i + 0.5) / scale), last);
+        result.push_back(source[static_cast<std::size_t>(place)]);
     }
     return result;
 }
