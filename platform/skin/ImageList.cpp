@@ -57,6 +57,10 @@ QIcon toolIcon(const ImageList& normal, const ImageList& hot, const QString& key
     return iconOf(pathOf(normal.tone(), key), pathOf(hot.tone(), key), iconSizes);
 }
 
+QIcon reportIcon(const QString& name) {
+    return iconOf(u":/skin/report/"_s + name, u":/skin/report-hot/"_s + name, iconSizes);
+}
+
 QIcon messageIcon(const QString& name) {
     const QString path = u":/skin/message/"_s + name;
     return iconOf(path, path, messageSizes);

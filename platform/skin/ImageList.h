@@ -35,6 +35,10 @@ private:
 /// Raises 3265 for an unknown key.
 QIcon toolIcon(const ImageList& normal, const ImageList& hot, const QString& key);
 
+/// Icon of the report viewer's bar, brighter while the mouse is over it: "panel", "exportar", "copiar",
+/// "alejar", "acercar", "ancho", "pagina", "buscar", "arriba", "abajo" or "quitar".
+QIcon reportIcon(const QString& name);
+
 /// Icon of a message box: "informacion", "pregunta", "advertencia" or "error".
 QIcon messageIcon(const QString& name);
 

@@ -125,3 +125,12 @@ TEST(ImageList, MessageAndWindowIconsAreThereInTheirSizes) {
     for (const int side : {16, 24, 32, 48, 64, 128, 256})
         EXPECT_GT(paintedPixels(picture(skin::windowIcon(), side)), side * side / 2);
 }
+
+TEST(ImageList, TheReportViewersIconsAreThereAndBrightenUnderTheMouse) {
+    for (const QString& name : {u"panel"_s, u"exportar"_s, u"copiar"_s, u"alejar"_s, u"acercar"_s, u"ancho"_s,
+                                u"pagina"_s, u"buscar"_s, u"arriba"_s, u"abajo"_s, u"quitar"_s}) {
+        const QIcon icon = skin::reportIcon(name);
+        EXPECT_GT(paintedPixels(picture(icon, 24)), 24) << qPrintable(name);
+        EXPECT_NE(picture(icon, 24), picture(icon, 24, QIcon::Active)) << qPrintable(name);
+    }
+}

@@ -4,7 +4,7 @@
 // the processor, row by row.
 //
 // Usage: dalvora_render_pictures SOURCE_FOLDER OUTPUT_FOLDER
-// SOURCE_FOLDER holds icons/ (with hot.colours), arrows/, messages/ and window/.
+// SOURCE_FOLDER holds icons/ (with hot.colours), report/, arrows/, messages/ and window/.
 
 #include <QDir>
 #include <QFile>
@@ -103,6 +103,8 @@ int main(int argc, char** argv) {
     const QList<Family> families{
         {source + u"/icons"_s, u"normal"_s, iconSizes, {}},
         {source + u"/icons"_s, u"hot"_s, iconSizes, readColours(source + u"/icons/hot.colours"_s)},
+        {source + u"/report"_s, u"report"_s, iconSizes, {}},
+        {source + u"/report"_s, u"report-hot"_s, iconSizes, readColours(source + u"/icons/hot.colours"_s)},
         {source + u"/arrows"_s, u"arrow"_s, {16, 20, 24, 32, 48}, {}},
         {source + u"/messages"_s, u"message"_s, {32, 40, 48, 64, 96}, {}},
         {source + u"/window"_s, u"window"_s, {16, 24, 32, 48, 64, 128, 256}, {}},
