@@ -21,6 +21,13 @@ constexpr PanelDesign panelDesigns[] = {
     {panelEmpresa, u"Empresa", u"Empresa del usuario conectado", u"Comercial de Nombre Bastante Largo S.A."},
 };
 
+const PanelDesign& designOf(QStringView key) {
+    for (const PanelDesign& design : panelDesigns)
+        if (design.key == key)
+            return design;
+    quorvane::raise(quorvane::ErrorSubscript);
+}
+
 } // namespace
 
 StatusPanel::StatusPanel(QStringView key, QWidget* parent) : QLabel(parent) {
@@ -42,26 +49,25 @@ void StatusPanel::paintEvent(QPaintEvent*) {
                           foregroundRole());
 }
 
-StatusPanels::StatusPanels(QWidget* parent) : QStatusBar(parent) {
+StatusPanels::StatusPanels(QWidget* parent, const std::vector<QStringView>& keys) : QStatusBar(parent) {
     setObjectName(QStringLiteral("StatusBar"));
     setSizeGripEnabled(true);
-    int i = 0;
-    for (const PanelDesign& design : panelDesigns) {
+    for (const QStringView key : keys) {
+        const PanelDesign& design = designOf(key);
         auto* panel = new StatusPanel(design.key, this);
         panel->setAccessibleName(design.accessibleName.toString());
         panel->setToolTip(design.toolTip.toString());
         addPermanentWidget(panel, design.widest.isEmpty() ? 1 : 0);
-        m_panels[i++] = panel;
+        m_panels.push_back(panel);
     }
 }
 
 void StatusPanels::sizePanels() {
-    int i = 0;
-    for (const PanelDesign& design : panelDesigns) {
-        StatusPanel& panel = *m_panels[i++];
-        if (!design.widest.isEmpty())
-            panel.setFixedWidth(panel.fontMetrics().horizontalAdvance(design.widest.toString()) +
-                                4 * panel.margin());
+    for (StatusPanel* panel : m_panels) {
+        const QStringView widest = designOf(panel->objectName()).widest;
+        if (!widest.isEmpty())
+            panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(widest.toString()) +
+                                 4 * panel->margin());
     }
 }
 

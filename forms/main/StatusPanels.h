@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QStatusBar>
 #include <QStringView>
+#include <vector>
 
 namespace dalvora {
 
@@ -19,11 +20,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// The main form's status bar with its panels "MENSAJE", "PERIODO" and "EMPRESA".
+inline constexpr QStringView panelMensaje = u"MENSAJE";
+inline constexpr QStringView panelPeriodo = u"PERIODO";
+inline constexpr QStringView panelEmpresa = u"EMPRESA";
+
+/// The status bar of a form: the panels "MENSAJE", "PERIODO" and "EMPRESA", or those of them that it has.
 class StatusPanels : public QStatusBar {
     Q_OBJECT
 public:
-    explicit StatusPanels(QWidget* parent = nullptr);
+    explicit StatusPanels(QWidget* parent = nullptr,
+                          const std::vector<QStringView>& keys = {panelMensaje, panelPeriodo, panelEmpresa});
 
     QString text(QStringView key) const;
     /// A text in panel "MENSAJE" shows at once, also while a long operation keeps the event loop from
@@ -39,12 +45,8 @@ private:
     void sizePanels();
     StatusPanel& panel(QStringView key) const;
 
-    StatusPanel* m_panels[3];
+    std::vector<StatusPanel*> m_panels;
 };
-
-inline constexpr QStringView panelMensaje = u"MENSAJE";
-inline constexpr QStringView panelPeriodo = u"PERIODO";
-inline constexpr QStringView panelEmpresa = u"EMPRESA";
 
 /// A command at work: its text in panel "MENSAJE" and the hourglass, both gone at the end.
 class BusyStatus {
