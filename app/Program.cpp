@@ -10,10 +10,15 @@
 #include "forms/main/GridLayout.h"
 #include "forms/main/StatusPanels.h"
 #include "forms/main/frmMain.h"
+#include "forms/report/FO_ViewReport.h"
 #include "forms/report/ReportCommands.h"
 #include "forms/vendedor/FM_Vendedor.h"
+#include "platform/dde/LocalRequestLink.h"
 #include "platform/quorvane32/core/ClientMachine.h"
 #include "platform/quorvane32/core/Connection.h"
+#include "platform/reportengine/viewer/ReportViewer.h"
+#include "reports/drilldown/MessageLoop.h"
+#include "reports/drilldown/ShellStarter.h"
 #include "reports/processing/MousePointer.h"
 #include "reports/processing/ReportProcessing.h"
 #include <QApplication>
@@ -188,9 +193,17 @@ void Program::printReport() {
     reportCommands().PrintReport();
 }
 
-void Program::show(quorvane::report::Report&) {
-    ShowMessage(QStringLiteral("La vista previa de informes no está disponible en esta versión."),
-                MessageInformation);
+void Program::show(quorvane::report::Report& report) {
+    const QString& folder = m_parts.application.path;
+    ShellStarter starter(folder);
+    quorvane::LocalRequestLink link;
+    const TopicSurroundings surroundings{starter, folder, MessageLoop(), [](int pointer) {
+                                             setMousePointer(static_cast<MousePointer>(pointer));
+                                         }};
+    FO_ViewReport viewer(m_context, link, surroundings, m_form.get());
+    viewer.viewer().setReportSource(report);
+    viewer.ShowReport();
+    viewer.showModal();
 }
 
 void Program::showSalespeople() {

@@ -13,6 +13,7 @@
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QPushButton>
@@ -240,10 +241,19 @@ TEST_F(ProgramTest, PreviewMakesTheChosenReport) {
     program->context().Connection->execute(
         u"INSERT INTO Comisiones (Empresa, Codigo, Descripcion) VALUES ('01', 'C1', 'Esquema')"_s);
     acceptSelection();
+    QString shown;
+    QTimer leaveViewer;
+    QObject::connect(&leaveViewer, &QTimer::timeout, [&shown] {
+        QWidget* const form = QApplication::activeModalWidget();
+        if (form && form->objectName() == u"FO_ViewReport"_s) {
+            shown = form->windowTitle();
+            form->findChild<QAction*>(u"arcSalir"_s)->trigger();
+        }
+    });
+    leaveViewer.start(20);
     program->previewReport();
-    EXPECT_EQ(
-        recorder.take(),
-        (std::vector<Message>{{u"La vista previa de informes no está disponible en esta versión."_s, 64}}));
+    EXPECT_EQ(shown, u"Visualiza Reportes"_s);
+    EXPECT_EQ(recorder.take(), std::vector<Message>());
     ASSERT_NE(program->context().Table->Report(), nullptr);
     EXPECT_EQ(program->context().Table->Report()->pageCount(), 1);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
