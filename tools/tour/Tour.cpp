@@ -1,4 +1,5 @@
 #include "tools/tour/Tour.h"
+#include "demo/lorbadeno/DocumentProgram.h"
 #include "forms/main/frmMain.h"
 #include "tools/tour/WindowPicture.h"
 #include <QApplication>
@@ -8,20 +9,16 @@
 
 namespace tour {
 
-namespace {
-
-/// Between two steps; longer than the delay of a command.
-constexpr int stepDelay = 350;
-
-} // namespace
-
 Tour::Tour(dalvora::frmMain& form, QString folder) : m_form(form), m_folder(std::move(folder)) {
     addReadingSteps();
     addEditingSteps();
     addRefusalSteps();
     addSalespeopleSteps();
+    addReportSteps();
     addOtherWindowSteps();
 }
+
+Tour::~Tour() = default;
 
 void Tour::addReadingSteps() {
     m_steps.push_back({QStringLiteral("inicio"), [] {}});

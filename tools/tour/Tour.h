@@ -4,10 +4,14 @@
 #include <QPixmap>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace dalvora {
 class frmMain;
+}
+namespace dalvora::lorbadeno {
+class DocumentProgram;
 }
 
 namespace tour {
@@ -18,6 +22,7 @@ class Tour : public QObject {
     Q_OBJECT
 public:
     Tour(dalvora::frmMain& form, QString folder);
+    ~Tour() override;
 
     void start();
     /// Leaves one more picture, of something that is no step of the job.
@@ -29,6 +34,9 @@ Q_SIGNALS:
     void finished();
 
 private:
+    /// Between two steps, in milliseconds; longer than the delay of a command.
+    static constexpr int stepDelay = 350;
+
     struct Step {
         QString picture;
         std::function<void()> play;
@@ -37,7 +45,10 @@ private:
     void addEditingSteps();
     void addRefusalSteps();
     void addSalespeopleSteps();
+    void addReportSteps();
     void addOtherWindowSteps();
+    void chooseReport();
+    void exportReport();
     void next();
     void takePicture(const QString& name);
     void save(const QString& name, const QPixmap& picture);
@@ -50,9 +61,12 @@ private:
     void goToCell(int tab, int row, int column);
     void activate();
     void closeOpenWindow();
+    /// The control of the window in front; null, and told, when it is not there.
+    template<class Control> Control* inFront(const char* name);
 
     dalvora::frmMain& m_form;
     QString m_folder;
+    std::unique_ptr<dalvora::lorbadeno::DocumentProgram> m_documents; ///< while a document is shown
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
     int m_failures = 0;
