@@ -74,23 +74,35 @@ SheetFormats::SheetFormats(const Definition& definition, const TablePlan& plan, 
 void SheetFormats::addLine(int section, const TableLine& line) {
     const Section& shown = m_definition.sections[section];
     const bool body = m_plan.section(section).isBody;
-    const LineLook look = body ? LineLook() : lineLook(section, line);
+    Look look = body ? Look() : lineLook(section, line);
     double size = 0;
     for (const TableCell& cell : line.cells) {
         const ReportObject& object = shown.objects[cell.object];
         const std::string number = cellFormat(m_definition, object);
-        const bool bold = line.heading || isTotal(shown, object, body);
-        m_objects[section][cell.object] = {formatFor(object.style, number, look, bold),
-                                           formatFor(object.condition.style, number, look, bold)};
+        look.bold = line.heading || isTotal(shown, object, body);
+        look.indented = isIndented(object, cell.column);
+        m_objects[section][cell.object] = {formatFor(object.style, number, look),
+                                           formatFor(object.condition.style, number, look)};
         size = std::max(size, m_definition.styles[object.style].size);
     }
     const bool filled = look.ground.isValid() || look.rule.isValid();
-    m_fillers[section].push_back(filled ? formatFor(0, "General", look, false) : nullptr);
+    look.bold = look.indented = false;
+    m_fillers[section].push_back(filled ? formatFor(0, "General", look) : nullptr);
     m_heights[section].push_back(size > usualSize ? size * lineSpacing : 0);
 }
 
-SheetFormats::LineLook SheetFormats::lineLook(int section, const TableLine& line) const {
-    LineLook look;
+/// A text that begins where the column to its left ends with its figures.
+bool SheetFormats::isIndented(const ReportObject& object, int column) const {
+    if (column == 0 || column >= static_cast<int>(m_plan.columns().size()) ||
+        alignmentOf(m_definition.styles[object.style].alignment) != LXW_ALIGN_LEFT)
+        return false;
+    const ObjectPlace& left = m_plan.columns()[column - 1].objects.front();
+    const int style = m_definition.sections[left.section].objects[left.object].style;
+    return alignmentOf(m_definition.styles[style].alignment) == LXW_ALIGN_RIGHT;
+}
+
+SheetFormats::Look SheetFormats::lineLook(int section, const TableLine& line) const {
+    Look look;
     const double middle = (line.top + line.bottom) / 2;
     for (const ReportObject& object : m_definition.sections[section].objects) {
         const Style& style = m_definition.styles[object.style];
@@ -107,22 +119,23 @@ SheetFormats::LineLook SheetFormats::lineLook(int section, const TableLine& line
     return look;
 }
 
-lxw_format* SheetFormats::formatFor(int style, const std::string& number, const LineLook& look, bool bold) {
-    lxw_format*& format = m_made[{style, number, look.ground.isValid() ? look.ground.rgba() : 0,
-                                  look.rule.isValid() ? look.rule.rgba() + (look.strong ? 1 : 0) : 0, bold}];
+lxw_format* SheetFormats::formatFor(int style, const std::string& number, const Look& look) {
+    lxw_format*& format =
+        m_made[{style, number, look.ground.isValid() ? look.ground.rgba() : 0,
+                look.rule.isValid() ? look.rule.rgba() : 0, look.strong, look.bold, look.indented}];
     if (!format)
-        format = made(style, number, look, bold);
+        format = made(style, number, look);
     return format;
 }
 
-lxw_format* SheetFormats::made(int style, const std::string& number, const LineLook& look, bool bold) const {
+lxw_format* SheetFormats::made(int style, const std::string& number, const Look& look) const {
     const Style& shown = m_definition.styles[style];
     lxw_format* format = workbook_add_format(m_book);
     const QString family = shown.family.section(u',', 0, 0).trimmed();
     if (!family.isEmpty())
         format_set_font_name(format, family.toUtf8().constData());
     format_set_font_size(format, shown.size);
-    if (bold || shown.bold)
+    if (look.bold || shown.bold)
         format_set_bold(format);
     if (shown.italic)
         format_set_italic(format);
@@ -130,6 +143,8 @@ lxw_format* SheetFormats::made(int style, const std::string& number, const LineL
         format_set_font_color(format, colourOf(shown.colour));
     format_set_align(format, static_cast<uint8_t>(alignmentOf(shown.alignment)));
     format_set_align(format, LXW_ALIGN_VERTICAL_CENTER);
+    if (look.indented)
+        format_set_indent(format, 1);
     if (number != "General")
         format_set_num_format(format, number.c_str());
     const QColor ground = look.ground.isValid() ? look.ground : shown.background;

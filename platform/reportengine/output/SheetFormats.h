@@ -32,19 +32,22 @@ private:
         lxw_format* plain = nullptr;
         lxw_format* conditional = nullptr;
     };
-    /// What a line's cells have in common.
-    struct LineLook {
+    /// What a cell has besides its object's style.
+    struct Look {
         QColor ground;
         QColor rule; ///< above the line
         bool strong = false;
+        bool bold = false;     ///< in any case
+        bool indented = false; ///< keeps off the figures to its left
     };
-    /// Style, number format, ground, rule and whether it is bold in any case.
-    using Key = std::tuple<int, std::string, unsigned, unsigned, bool>;
+    /// Style, number format, ground, rule with its strength, bold, indented.
+    using Key = std::tuple<int, std::string, unsigned, unsigned, bool, bool, bool>;
 
+    bool isIndented(const ReportObject& object, int column) const;
     void addLine(int section, const TableLine& line);
-    LineLook lineLook(int section, const TableLine& line) const;
-    lxw_format* formatFor(int style, const std::string& number, const LineLook& look, bool bold);
-    lxw_format* made(int style, const std::string& number, const LineLook& look, bool bold) const;
+    Look lineLook(int section, const TableLine& line) const;
+    lxw_format* formatFor(int style, const std::string& number, const Look& look);
+    lxw_format* made(int style, const std::string& number, const Look& look) const;
 
     const Definition& m_definition;
     const TablePlan& m_plan;

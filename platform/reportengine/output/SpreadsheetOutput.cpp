@@ -161,8 +161,14 @@ void SpreadsheetOutput::addLine(const Page& page, const Band& band, int line) {
             return;
         fillLine(band.section, line);
     }
-    for (const TableCell& cell : section.lines[line].cells)
-        writeCell(page, band, cell);
+    const std::vector<TableCell>& cells = section.lines[line].cells;
+    for (size_t at = 0; at < cells.size();) {
+        const TableCell& cell = cells[at];
+        QString joined;
+        for (++at; at < cells.size() && cells[at].joined; ++at)
+            joined += u' ' + fieldText(m_context, page, band, cells[at].object);
+        writeCell(page, band, cell, joined);
+    }
     ++m_row;
 }
 
@@ -176,25 +182,28 @@ void SpreadsheetOutput::fillLine(int section, int line) {
         worksheet_write_blank(m_sheet, m_row, static_cast<lxw_col_t>(column), filler);
 }
 
-bool SpreadsheetOutput::writeCell(const Page& page, const Band& band, const TableCell& cell) {
+/// What a cell cannot hold as a value is written as it reads on the page.
+void SpreadsheetOutput::writeCell(const Page& page, const Band& band, const TableCell& cell,
+                                  const QString& joined) {
     const ReportObject& object = m_definition.sections[band.section].objects[cell.object];
     if (!isShown(object, band, cell.object))
-        return false;
+        return writeText(cell.column, joined.trimmed(), m_formats.format(band.section, cell.object, false));
     lxw_format* format =
         m_formats.format(band.section, cell.object, styleOf(object, band, cell.object) != object.style);
-    const bool hasValue =
-        object.kind == ObjectKind::Field && cell.object < static_cast<int>(band.values.size());
-    if (hasValue && writeValue(cell.column, band.values[cell.object], object, format))
-        return true;
-    return writeText(cell.column, fieldText(m_context, page, band, cell.object), format);
+    const bool hasValue = object.kind == ObjectKind::Field && joined.isEmpty() &&
+                          cell.object < static_cast<int>(band.values.size());
+    if (!hasValue || !writeValue(cell.column, band.values[cell.object], object, format))
+        writeText(cell.column, fieldText(m_context, page, band, cell.object) + joined, format);
 }
 
-/// False for what a cell cannot hold as a value: it is written as it reads on the page then.
+/// False for a value that a cell cannot hold.
 bool SpreadsheetOutput::writeValue(int column, const Value& value, const ReportObject& object,
                                    lxw_format* format) {
     const auto place = static_cast<lxw_col_t>(column);
-    if (const QString* text = value.get<QString>())
-        return writeText(column, *text, format);
+    if (const QString* text = value.get<QString>()) {
+        writeText(column, *text, format);
+        return true;
+    }
     if (const Date* date = value.get<Date>()) {
         const std::optional<double> serial = serialOf(*date, object.dateForm);
         return serial && worksheet_write_number(m_sheet, m_row, place, *serial, format) == LXW_NO_ERROR;
@@ -206,9 +215,10 @@ bool SpreadsheetOutput::writeValue(int column, const Value& value, const ReportO
            worksheet_write_number(m_sheet, m_row, place, number, format) == LXW_NO_ERROR;
 }
 
-bool SpreadsheetOutput::writeText(int column, const QString& text, lxw_format* format) {
-    return !text.isEmpty() && worksheet_write_string(m_sheet, m_row, static_cast<lxw_col_t>(column),
-                                                     cellText(text).constData(), format) == LXW_NO_ERROR;
+void SpreadsheetOutput::writeText(int column, const QString& text, lxw_format* format) {
+    if (!text.isEmpty())
+        worksheet_write_string(m_sheet, m_row, static_cast<lxw_col_t>(column), cellText(text).constData(),
+                               format);
 }
 
 void SpreadsheetOutput::commit() {

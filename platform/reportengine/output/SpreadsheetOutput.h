@@ -31,9 +31,9 @@ private:
     void addHeading();
     void addLine(const Page& page, const Band& band, int line);
     void fillLine(int section, int line);
-    bool writeCell(const Page& page, const Band& band, const TableCell& cell);
+    void writeCell(const Page& page, const Band& band, const TableCell& cell, const QString& joined);
     bool writeValue(int column, const Value& value, const ReportObject& object, lxw_format* format);
-    bool writeText(int column, const QString& text, lxw_format* format);
+    void writeText(int column, const QString& text, lxw_format* format);
 
     PageContext m_context;
     const Definition& m_definition;

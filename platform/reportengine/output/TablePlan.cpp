@@ -92,6 +92,15 @@ std::vector<TableLine> linesOf(const Section& section) {
     return lines;
 }
 
+/// The cell that keeps a column from an object of its line; null when the column is free for it.
+const TableCell* holderOf(const Section& section, const TableLine& line, int column, int object) {
+    const auto holder = std::find_if(line.cells.begin(), line.cells.end(), [&](const TableCell& other) {
+        return other.object != object && other.column == column &&
+               !takeTurns(section.objects[other.object], section.objects[object]);
+    });
+    return holder == line.cells.end() ? nullptr : &*holder;
+}
+
 } // namespace
 
 ColumnType contentType(const Definition& definition, const ReportObject& object) {
@@ -176,25 +185,41 @@ void TablePlan::placeSection(int section) {
         placeLine(section, line);
 }
 
-/// Figures first, each under the column that it belongs to; then the others. Where a column is taken, the
-/// next free one has to do.
+/// Figures first, each under the column that it belongs to or the next free one; then the others.
 void TablePlan::placeLine(int section, TableLine& line) const {
-    const std::vector<ReportObject>& objects = m_definition.sections[section].objects;
-    const auto isFree = [&](int column, int object) {
-        return std::all_of(line.cells.begin(), line.cells.end(), [&](const TableCell& other) {
-            return other.column != column || takeTurns(objects[other.object], objects[object]);
-        });
+    const Section& placed = m_definition.sections[section];
+    const auto isFigure = [&](const TableCell& cell) {
+        return contentType(m_definition, placed.objects[cell.object]) == ColumnType::Number;
     };
-    for (const bool figures : {true, false})
-        for (TableCell& cell : line.cells) {
-            const ReportObject& object = objects[cell.object];
-            if ((contentType(m_definition, object) == ColumnType::Number) != figures)
-                continue;
-            int column = preferredColumn(object);
-            while (!isFree(column, cell.object))
+    for (TableCell& cell : line.cells)
+        if (isFigure(cell)) {
+            int column = preferredColumn(placed.objects[cell.object]);
+            while (holderOf(placed, line, column, cell.object))
                 ++column;
             cell.column = column;
         }
+    for (TableCell& cell : line.cells)
+        if (!isFigure(cell))
+            placeText(placed, line, cell);
+    std::stable_sort(line.cells.begin(), line.cells.end(),
+                     [](const TableCell& a, const TableCell& b) { return a.column < b.column; });
+}
+
+/// A text whose column is taken goes to the next one, unless that is taken too or lies outside the table:
+/// then it is joined to the text that stands there.
+void TablePlan::placeText(const Section& section, const TableLine& line, TableCell& cell) const {
+    const ReportObject& object = section.objects[cell.object];
+    const int wanted = preferredColumn(object);
+    int column = wanted;
+    const TableCell* holder = holderOf(section, line, wanted, cell.object);
+    while (holderOf(section, line, column, cell.object))
+        ++column;
+    const auto isText = [&](int other) {
+        return contentType(m_definition, section.objects[other]) == ColumnType::Text;
+    };
+    const bool isFar = column > wanted + 1 || column >= static_cast<int>(m_columns.size());
+    cell.joined = holder && isFar && isText(cell.object) && isText(holder->object);
+    cell.column = cell.joined ? wanted : column;
 }
 
 /// A figure's column, or the only one that a text stands above or below; else the one at the end of the text

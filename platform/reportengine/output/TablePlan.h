@@ -9,10 +9,11 @@ namespace quorvane::report {
 struct TableCell {
     int object = 0;
     int column = 0;
+    bool joined = false; ///< a text that goes on in the cell of the one before it
 };
 
-/// Objects of a section that stand side by side: a line of the table. Two of them share a column only when at
-/// most one of them shows on a band.
+/// Objects of a section that stand side by side: a line of the table, from left to right. Two of them share a
+/// column only when at most one of them shows on a band or they are texts that are joined.
 struct TableLine {
     std::vector<TableCell> cells;
     bool heading = false; ///< names the columns
@@ -57,6 +58,7 @@ private:
     TableColumn* columnFor(int section, int object);
     void placeSection(int section);
     void placeLine(int section, TableLine& line) const;
+    void placeText(const Section& section, const TableLine& line, TableCell& cell) const;
     int preferredColumn(const ReportObject& object) const;
     int columnUnder(const ReportObject& object) const;
     void findHeadings(SectionKind kind);
