@@ -22,7 +22,7 @@ std::string numberFormat(const NumberFormat& format) {
         return "General";
     std::string text = format.thousands.isEmpty() ? "0" : "#,##0";
     if (format.decimals > 0)
-        text += "." + std::string(format.decimals, '0');
+        text.append(1, '.').append(format.decimals, '0');
     return text;
 }
 
