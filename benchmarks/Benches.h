@@ -14,6 +14,8 @@ void benchGrid(Report& report, Company& company);
 void benchSalespeople(Report& report, Company& company);
 /// Makes companies of its own.
 void benchReports(Report& report, Company&);
+/// Needs no company.
+void benchExports(Report& report, Company&);
 void benchStart(Report& report, Company& company);
 
 } // namespace bench

@@ -19,6 +19,7 @@ constexpr Group groups[] = {
     {"salespeople", bench::benchSalespeople},
     {"texts", bench::benchTexts},
     {"reports", bench::benchReports},
+    {"exports", bench::benchExports},
     {"toolbar", bench::benchToolbar},
 };
 
