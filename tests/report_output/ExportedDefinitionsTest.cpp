@@ -55,7 +55,7 @@ std::unique_ptr<RowSource> madeUpRows(const Definition& definition, qint64 count
 /// What a cell should hold for an object: a number as its digits, a text as it is.
 QString expectedCell(const PageContext& context, const Page& page, const Band& band, int object) {
     const ReportObject& shown = context.definition->sections[band.section].objects[object];
-    const QString text = fieldText(context, page, band, object);
+    QString text = fieldText(context, page, band, object);
     if (text.isEmpty() || shown.kind != ObjectKind::Field || band.values.empty())
         return text;
     const Value& value = band.values[object];

@@ -1,6 +1,7 @@
 #include "platform/reportengine/output/TablePlan.h"
 #include <algorithm>
 #include <optional>
+#include <ranges>
 #include <tuple>
 
 namespace quorvane::report {
@@ -279,12 +280,12 @@ void TablePlan::findHeadings(SectionKind kind) {
             m_definition.sections[section].height <= 0)
             continue;
         std::vector<TableLine>& lines = m_sections[section].lines;
-        for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+        for (TableLine& line : std::ranges::reverse_view(lines)) {
             const bool below = m_headingSection == section;
             // One column alone could take any text for its heading: only the last one is.
             if (below && m_columns.size() == 1)
                 break;
-            if (matchHeadings(section, *line))
+            if (matchHeadings(section, line))
                 m_headingSection = section;
             else if (below)
                 break;
