@@ -20,7 +20,7 @@ using quorvane::report::ReportViewer;
 
 namespace {
 
-constexpr QSize startSize{1160, 820};
+constexpr QSize startSize{1400, 880};
 constexpr int actualSize = 100; // percent
 
 } // namespace

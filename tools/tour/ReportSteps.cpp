@@ -22,8 +22,9 @@ using quorvane::report::ViewerDialogs;
 
 namespace {
 
+constexpr QSize viewerSize{1400, 800};
 const QString reportName = u"ComisionesVendedor"_s;
-const QString salesperson = u"Peacock"_s;
+const QString customer = u"ernst handel"_s;
 
 /// The middle of the first detail line to be seen.
 QPoint firstLine(PageView& view) {
@@ -57,6 +58,10 @@ void Tour::addReportSteps() {
                            QTimer::singleShot(stepDelay / 2, this, [this] { chooseReport(); });
                        }});
     m_steps.push_back({u"informe"_s, [this] {
+                           QTimer::singleShot(stepDelay / 2, this, [] {
+                               if (QWidget* viewer = QApplication::activeModalWidget())
+                                   viewer->resize(viewerSize);
+                           });
                            if (auto* accept = inFront<QPushButton>("coAceptar"))
                                QTest::mouseClick(accept, Qt::LeftButton);
                        }});
@@ -73,7 +78,7 @@ void Tour::addReportSteps() {
                                return;
                            viewer->pageView().setFocus();
                            press(Qt::Key_F, Qt::ControlModifier);
-                           type(salesperson);
+                           type(customer);
                            press(Qt::Key_Return);
                        }});
     m_steps.push_back({u"informe-documento"_s, [this] {

@@ -58,16 +58,19 @@ QModelIndex GroupTreeModel::indexOf(int position) const {
                             : createIndex(m_nodes[position].row, Caption, static_cast<quintptr>(position));
 }
 
-int GroupTreeModel::pageOf(const QModelIndex& index) const {
-    return index.isValid() ? group(positionOf(index)).page : 0;
+const GroupEntry& GroupTreeModel::entryOf(const QModelIndex& index) const {
+    return group(positionOf(index));
 }
 
 QModelIndex GroupTreeModel::indexOfPage(int page) const {
     const std::vector<int>& all = m_root.children;
     const auto begin = all.begin();
-    const auto later = std::partition_point(
-        begin, begin + m_root.shown, [this, page](int position) { return group(position).page <= page; });
-    return later == begin ? QModelIndex() : indexOf(*(later - 1));
+    const auto end = begin + m_root.shown;
+    const auto first =
+        std::partition_point(begin, end, [this, page](int position) { return group(position).page < page; });
+    if (first != end && group(*first).page == page)
+        return indexOf(*first);
+    return first == begin ? QModelIndex() : indexOf(*(first - 1));
 }
 
 QModelIndex GroupTreeModel::index(int row, int column, const QModelIndex& parent) const {

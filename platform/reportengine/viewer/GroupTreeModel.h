@@ -20,9 +20,9 @@ public:
     void setLayout(const Layout* layout);
     /// There may be more groups.
     void update();
-    /// Position of the page on which a group begins.
-    int pageOf(const QModelIndex& index) const;
-    /// The outermost group that goes on at the top of a page, or begins there; invalid before the first.
+    /// The group of a valid index.
+    const GroupEntry& entryOf(const QModelIndex& index) const;
+    /// The first outermost group that begins on a page, else the one that goes on there; invalid before all.
     QModelIndex indexOfPage(int page) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

@@ -155,6 +155,15 @@ void PageView::goToPage(int page) {
     tellCurrentPage(known);
 }
 
+void PageView::goToPlace(const PagePlace& place) {
+    const int down = static_cast<int>(place.point.y() * m_geometry.scale());
+    goToPage(place.page);
+    // Near the page's upper edge the edge itself is shown with it.
+    if (down > m_geometry.viewport().height() / 3)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + down - inPixels(pageMargin));
+    tellCurrentPage(place.page);
+}
+
 void PageView::updateCurrentPage() {
     if (m_geometry.count() == 0)
         return;

@@ -46,6 +46,8 @@ public:
     int currentPage() const { return m_current; }
     /// Brings a page's upper edge to the top; the nearest known page.
     void goToPage(int page);
+    /// The same with a place on a page: what stands there comes to the top, or near it.
+    void goToPlace(const PagePlace& place);
     /// Scrolls as little as shows the place.
     void reveal(const TextHit& hit, int length);
 

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int groupsWidth = 230;
+constexpr int groupsWidth = 200;
 constexpr int pagesWidth = 800;
 constexpr int newsInterval = 120; // milliseconds
 constexpr double hundred = 100;
@@ -210,7 +210,33 @@ void ReportViewer::goTo(int page) {
 }
 
 void ReportViewer::goToGroup(const QModelIndex& index) {
-    goTo(m_groups->pageOf(index));
+    if (!m_pages || !index.isValid())
+        return;
+    const GroupEntry& group = m_groups->entryOf(index);
+    // A group is known a moment before its page is.
+    if (group.page >= m_pages->count()) {
+        goTo(group.page);
+        return;
+    }
+    m_wantedPage = -1;
+    m_view->goToPlace(placeOf(group));
+}
+
+/// Where the group's heading stands; the top of its page when it has none.
+PagePlace ReportViewer::placeOf(const GroupEntry& group) {
+    const Definition& definition = m_report->definition();
+    try {
+        const std::shared_ptr<const ShownPage> shown = m_pages->page(group.page);
+        for (const Band& band : shown->page.bands) {
+            const Section& section = definition.sections[band.section];
+            if (section.kind == SectionKind::GroupHeader && section.group == group.level &&
+                band.row == group.row)
+                return {group.page, {0, band.top}};
+        }
+    } catch (const RunTimeError&) {
+        // The page itself tells why it cannot be made.
+    }
+    return {group.page, {0, 0}};
 }
 
 void ReportViewer::followGroup() {

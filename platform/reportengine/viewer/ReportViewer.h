@@ -74,6 +74,7 @@ private:
     void showPage();
     void goTo(int page);
     void goToGroup(const QModelIndex& index);
+    PagePlace placeOf(const GroupEntry& group);
     void followGroup();
     void showGroups(bool shown);
     void copySelection();
