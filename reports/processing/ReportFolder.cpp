@@ -1,14 +1,28 @@
 #include "reports/processing/ReportFolder.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <QDir>
+#include <QFileInfo>
 
 namespace dalvora {
+
+namespace {
+
+constexpr QLatin1StringView extension(".rpt");
+
+} // namespace
 
 ReportFolder::ReportFolder(const QString& programFolder, const QString& programName)
     : m_folder(programFolder + QStringLiteral("/reportes/") + programName) {}
 
+// The list takes an extension in any case; where the system tells file names apart by case, the file has to
+// be asked for as it is called.
 QString ReportFolder::definition(const QString& name) const {
-    return m_folder + u'/' + name + QStringLiteral(".rpt");
+    QString file = name + extension;
+    if (!QFileInfo::exists(m_folder + u'/' + file))
+        for (const QString& listed : files())
+            if (listed.chopped(extension.size()) == name)
+                file = listed;
+    return m_folder + u'/' + file;
 }
 
 QStringList ReportFolder::files() const {

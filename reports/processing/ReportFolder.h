@@ -12,7 +12,7 @@ class ReportFolder {
 public:
     ReportFolder(const QString& programFolder, const QString& programName);
 
-    /// Path of the definition of a name.
+    /// Path of the definition of a name, its extension in the case that the file has it in.
     QString definition(const QString& name) const;
     /// File names of the definitions there, extension in any case, in the order that folders are listed in:
     /// by name without regard to case.

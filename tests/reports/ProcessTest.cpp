@@ -51,6 +51,19 @@ TEST_F(Process, AMissingDefinitionStopsItBeforeTheDatabaseIsAsked) {
     expectSilence();
 }
 
+TEST_F(Process, AnExtensionInAnyCaseIsRead) {
+    write(u"Lista.RPT"_s, DefinitionText{u"MAYUSCULAS"_s}.xml());
+    write(u"lista.Rpt"_s, DefinitionText{u"minusculas"_s}.xml());
+    storeRows();
+    ASSERT_EQ(process(u"Lista"_s), 0);
+    EXPECT_EQ(report().title(), u"MAYUSCULAS"_s);
+    ASSERT_EQ(process(u"lista"_s), 0);
+    EXPECT_EQ(report().title(), u"minusculas"_s);
+    define(u"Lista"_s, {u"LA DE SIEMPRE"_s});
+    ASSERT_EQ(process(u"Lista"_s), 0);
+    EXPECT_EQ(report().title(), u"LA DE SIEMPRE"_s);
+}
+
 TEST_F(Process, ADamagedDefinitionStopsItBeforeTheDatabaseIsAsked) {
     write(u"Mala.rpt"_s, u"<report title="_s);
     EXPECT_EQ(process(u"Mala"_s), 321);
@@ -235,8 +248,22 @@ TEST_F(Process, AnIncompleteCompanyLeavesTheFormulas) {
 }
 
 TEST_F(Process, TheFormattingHookChangesNothing) {
+    define(u"Lista"_s);
+    storeRows();
+    ASSERT_EQ(process(u"Lista"_s), 0);
+    const auto formats = [this] {
+        QStringList all{formula(1), formula(2)};
+        for (const char16_t* name : {u"Name", u"DecimalPlaces", u"ThousandSymbol", u"DecimalSymbol"})
+            all << property(1, 1, name);
+        return all;
+    };
+    const QStringList before = formats();
+    reports.take();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     EXPECT_EQ(table.FormatReport(), 0);
     EXPECT_FALSE(hasHourGlass());
+    EXPECT_EQ(formats(), before);
+    EXPECT_TRUE(reports.take().empty());
     expectSilence();
 }
 
