@@ -94,6 +94,7 @@ TEST(ReportNamesTest, AFileWithoutADotStopsTheListing) {
 TEST_F(Reports, ConnectOnTheirOwnWithTheGivenString) {
     EXPECT_EQ(table.CR_Connect(u"Driver=x;Database=y"_s), 0);
     EXPECT_EQ(opened, QStringList{u"Driver=x;Database=y"_s});
+    EXPECT_TRUE(openedWithHourGlass);
     EXPECT_FALSE(hasHourGlass());
     EXPECT_EQ(table.CR_Connect(u"otra"_s), 0);
     EXPECT_EQ(opened.size(), 2);
@@ -106,9 +107,11 @@ TEST_F(Reports, AFailureToConnectIsRaised) {
 
 TEST_F(Reports, DisconnectOnce) {
     table.CR_Connect(u"x"_s);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     EXPECT_EQ(table.CR_Disconnect(), 0);
     EXPECT_FALSE(hasHourGlass());
     EXPECT_THROW(table.CR_Disconnect(), RunTimeError) << "there is nothing to close any more";
+    EXPECT_TRUE(hasHourGlass()) << "it had begun";
 }
 
 TEST_F(Reports, TheReportOutlivesTheConnection) {

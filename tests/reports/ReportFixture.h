@@ -92,6 +92,7 @@ protected:
     FakeDatabase reports;
     FailPlan reportPlan;
     QStringList opened; ///< connect strings that the reports' connection was opened with
+    bool openedWithHourGlass = false;
     std::optional<RunTimeError> openError;
     Date today = Date::fromYmd(2026, 3, 5);
     ReportProcessing* processing = nullptr;
@@ -102,6 +103,7 @@ private:
                 [this] {
                     return std::make_unique<quorvane::Connection>([this](const QString& connectString) {
                         opened << connectString;
+                        openedWithHourGlass = hasHourGlass();
                         if (openError)
                             throw *openError;
                         return std::make_unique<FailEngine>(std::make_unique<FakeEngine>(reports),

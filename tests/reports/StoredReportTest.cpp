@@ -351,7 +351,16 @@ TEST_F(StoredReport, RowsBeingFetchedDoNotKeepTheRecordFromWriting) {
     ASSERT_EQ(table.CR_ProcessReport(), 0);
     connection.beginTrans();
     EXPECT_EQ(connection.execute(u"update documento set Neto = Neto where Empresa = '001'"_s), 854);
-    connection.rollbackTrans();
+    connection.commitTrans();
     table.Report()->pageCount();
     EXPECT_EQ(rowCount(), 854);
+}
+
+TEST_F(StoredReport, RowsBeingFetchedOutliveTheReportsConnection) {
+    table.reportName = u"Vendedor"_s;
+    ASSERT_EQ(table.CR_ProcessReport(), 0);
+    ASSERT_EQ(table.CR_Disconnect(), 0);
+    table.Report()->pageCount();
+    EXPECT_EQ(rowCount(), 854);
+    EXPECT_EQ(totals(), askedTotals());
 }
