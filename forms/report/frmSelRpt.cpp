@@ -69,12 +69,14 @@ void frmSelRpt::makeControls() {
 }
 
 void frmSelRpt::layOut() {
-    constexpr int leastListWidth = 300;
+    constexpr int shownCharacters = 36;
     constexpr int lookupWidth = 28;
     constexpr int labelGap = 8;
     constexpr int groupGap = 24;
     constexpr int edge = 16;
-    cboReporte->setMinimumWidth(leastListWidth);
+    // A long name shall not widen the form: what does not fit shows in the tip.
+    cboReporte->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cboReporte->setMinimumContentsLength(shownCharacters);
     coCodigo->setFixedWidth(lookupWidth);
     auto* list = new QHBoxLayout(fraSel);
     list->setContentsMargins(edge, edge, edge, edge);
@@ -91,7 +93,9 @@ void frmSelRpt::layOut() {
     period->addStretch();
 
     auto* code = new QHBoxLayout;
-    code->setContentsMargins(edge, 0, edge, 0);
+    // In one column with what stands in the frames.
+    const QMargins frame = Frame1->contentsMargins();
+    code->setContentsMargins(edge + frame.left(), 0, edge + frame.right(), 0);
     code->setSpacing(labelGap);
     code->addWidget(LbComision);
     code->addWidget(TxtCodComision);
@@ -132,6 +136,8 @@ void frmSelRpt::fillList() {
         const QSignalBlocker quiet(cboReporte);
         cboReporte->clear();
         cboReporte->addItems(names);
+        for (int i = 0; i < names.size(); ++i)
+            cboReporte->setItemData(i, names[i], Qt::ToolTipRole);
         cboReporte->setCurrentIndex(-1);
     }
     if (!names.isEmpty())
@@ -140,6 +146,7 @@ void frmSelRpt::fillList() {
 
 void frmSelRpt::cboReporte_Click() {
     const QString name = cboReporte->currentText();
+    cboReporte->setToolTip(name);
     if (name.isEmpty())
         return;
     try {

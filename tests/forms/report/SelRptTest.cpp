@@ -97,6 +97,64 @@ TEST_F(SelRpt, TheFormKeepsItsShapeWhenTheCodeGoes) {
     });
 }
 
+TEST_F(SelRpt, ALongNameDoesNotWidenTheForm) {
+    QSize usual;
+    show([&] { usual = form->size(); });
+    const QString longName = QString(200, u'M');
+    define(longName, {u"Listado de Codigos"_s});
+    show([&] {
+        EXPECT_EQ(form->size(), usual);
+        auto& list = control<QComboBox>("cboReporte");
+        list.setCurrentText(longName);
+        EXPECT_EQ(list.currentText(), longName);
+        EXPECT_EQ(list.toolTip(), longName) << "what does not fit can be read";
+    });
+}
+
+TEST_F(SelRpt, ControlsStandInOneColumn) {
+    show([this] {
+        const auto left = [this](const char* name) { return control(name).mapTo(form, QPoint()).x(); };
+        const auto right = [&](const char* name) { return left(name) + control(name).width(); };
+        EXPECT_EQ(left("Label5"), left("cboReporte"));
+        EXPECT_EQ(left("LbComision"), left("cboReporte"));
+        EXPECT_EQ(right("coCodigo"), right("cboReporte"));
+        EXPECT_EQ(right("coCancelar"), right("fraSel"));
+    });
+}
+
+TEST_F(SelRpt, ADateIsAcceptedWithEnter) {
+    EXPECT_EQ(show([this] {
+                  enter("FecFin", u"1-7-97"_s);
+                  QTest::keyClick(&control("FecFin"), Qt::Key_Return);
+              }),
+              u"A Codigos"_s);
+    EXPECT_FALSE(stayedOpen);
+    EXPECT_EQ(table.FechaFinFiltro, Date::fromYmd(1997, 7, 1));
+}
+
+TEST_F(SelRpt, BlanksAndTheDayZeroAreNoDate) {
+    table.FechaIniFiltro = table.FechaFinFiltro = Date::fromYmd(1997, 7, 1);
+    EXPECT_EQ(show([this] {
+                  enter("FecIni", u"  "_s);
+                  enter("FecFin", u"30/12/1899"_s);
+                  click("coAceptar");
+              }),
+              u"A Codigos"_s);
+    EXPECT_TRUE(table.FechaIniFiltro.isEmpty());
+    EXPECT_TRUE(table.FechaFinFiltro.isEmpty());
+    expectSilence();
+}
+
+TEST_F(SelRpt, DaysBeforeTheCountAreRefused) {
+    show([this] {
+        enter("FecIni", u"29/12/1899"_s);
+        click("coAceptar");
+        expectInvalid();
+    });
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(table.FechaIniFiltro.serial(), -1);
+}
+
 TEST_F(SelRpt, FiltersGoToTheRecordAsEntered) {
     EXPECT_EQ(show([this] {
                   enter("FecIni", u"1/7/97"_s);
