@@ -203,4 +203,20 @@ TEST_F(ExportedDefinitionsTest, SchemesAsLines) {
         EXPECT_EQ(line.count(u';'), 8 + line.count(u"\"'=")) << line.toStdString();
 }
 
+TEST_F(ExportedDefinitionsTest, AConnectionLostOnTheWayLeavesTheOldFiles) {
+    openDefinition(u"ComisionesVendedor"_s);
+    for (const QString& name : {u"a.xlsx"_s, u"a.csv"_s}) {
+        writeOld(path(name));
+        auto rows = madeUpRows(definition, 700);
+        static_cast<ListRows&>(*rows).failAt(500);
+        layout = std::make_unique<Layout>(definition, std::move(rows));
+        source.layout = layout.get();
+        source.context.definition = &definition;
+        const auto write = name == u"a.csv" ? writeCsv : writeSpreadsheet;
+        EXPECT_EQ(errorOf([&] { write(source, path(name), {}); }).number(), ErrorConnectionLost);
+        EXPECT_EQ(contentOf(path(name)), "antes");
+    }
+    EXPECT_EQ(filesIn(folder.path()), (QStringList{u"a.csv"_s, u"a.xlsx"_s}));
+}
+
 } // namespace quorvane::report::test

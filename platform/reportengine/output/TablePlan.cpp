@@ -1,7 +1,6 @@
 #include "platform/reportengine/output/TablePlan.h"
 #include <algorithm>
 #include <optional>
-#include <ranges>
 #include <tuple>
 
 namespace quorvane::report {
@@ -280,7 +279,8 @@ void TablePlan::findHeadings(SectionKind kind) {
             m_definition.sections[section].height <= 0)
             continue;
         std::vector<TableLine>& lines = m_sections[section].lines;
-        for (TableLine& line : std::ranges::reverse_view(lines)) {
+        for (size_t above = lines.size(); above > 0; --above) {
+            TableLine& line = lines[above - 1];
             const bool below = m_headingSection == section;
             // One column alone could take any text for its heading: only the last one is.
             if (below && m_columns.size() == 1)
