@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/Commission.h"
+#include "demo/RowTarget.h"
 #include "demo/SalesDocuments.h"
 #include "demo/TradingData.h"
 #include <QString>
@@ -8,8 +9,6 @@
 #include <optional>
 #include <span>
 #include <vector>
-
-struct sqlite3;
 
 namespace dalvora::demo {
 
@@ -50,12 +49,12 @@ Company secondCompany();
 /// none or it has no period for the document's date.
 std::optional<Commission> commissionOf(const Company& company, const SalesDocument& document);
 
-// The tables of a company; the engine's errors leave them as RunTimeError.
+// The tables of a company; the database's errors leave them as RunTimeError.
 
 /// Configuration, currencies, salespeople, products, accounts, document types and price lists.
-void writeMasterTables(sqlite3* database, const Company& company);
-void writeSchemes(sqlite3* database, const Company& company);
-void writeDocuments(sqlite3* database, const Company& company);
+void writeMasterTables(RowTarget& target, const Company& company);
+void writeSchemes(RowTarget& target, const Company& company);
+void writeDocuments(RowTarget& target, const Company& company);
 
 /// The description of a price list; "" for a code that is none.
 QString priceListLabel(const QString& code);

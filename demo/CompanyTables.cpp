@@ -100,11 +100,11 @@ void writeProductGroups(RowInserter& codes, const Company& company) {
     }
 }
 
-void writeProducts(sqlite3* database, const Company& company) {
-    RowInserter products(database, "producto",
+void writeProducts(RowTarget& target, const Company& company) {
+    RowInserter products(target, "producto",
                          "Empresa, Producto, Glosa, Familia, SubFamilia, TipoProducto, Unidad, PrecioVenta, "
                          "Vigente");
-    RowInserter relations(database, "relctacteprod", "Empresa, TipoCtaCte, CtaCte, Producto, Unidad");
+    RowInserter relations(target, "relctacteprod", "Empresa, TipoCtaCte, CtaCte, Producto, Unidad");
     for (const Product& product : company.data.products) {
         if (!isSold(company, product))
             continue;
@@ -114,8 +114,8 @@ void writeProducts(sqlite3* database, const Company& company) {
     }
 }
 
-void writeAccounts(sqlite3* database, const Company& company) {
-    RowInserter accounts(database, "ctacte",
+void writeAccounts(RowTarget& target, const Company& company) {
+    RowInserter accounts(target, "ctacte",
                          "Empresa, TipoCtaCte, CtaCte, RazonSocial, CodLegal, Ciudad, Pais");
     // The data holds no legal codes: the account's own code stands for it.
     for (const Customer& customer : company.data.customers)
@@ -130,13 +130,13 @@ void writeAccounts(sqlite3* database, const Company& company) {
                          supplier.country);
 }
 
-void writeDocumentTypes(sqlite3* database, const Company& company) {
-    RowInserter types(database, "tipodocumento",
+void writeDocumentTypes(RowTarget& target, const Company& company) {
+    RowInserter types(target, "tipodocumento",
                       "Empresa, TipoDocto, Descripcion, Clase, Sistema, Valorizado, Vendedor, FactorMonto");
     for (const DocumentType& type : documentTypes)
         types.add(company.code, type.code, type.label, type.documentClass, type.system, type.valued,
                   type.salesperson, type.factor);
-    RowInserter lists(database, "ListaPrecio", "Empresa, LisPrecio, Descripcion, FechaInicio, FechaFinal");
+    RowInserter lists(target, "ListaPrecio", "Empresa, LisPrecio, Descripcion, FechaInicio, FechaFinal");
     for (const PriceList& list : priceLists())
         lists.add(company.code, QString::fromUtf16(list.code), list.label, list.start, list.end);
 }
@@ -150,13 +150,13 @@ QString priceListLabel(const QString& code) {
     return {};
 }
 
-void writeMasterTables(sqlite3* database, const Company& company) {
-    RowInserter codes(database, "gen_tabcod", "Empresa, Tipo, Codigo, Descripcion, Texto, Valor1, Valor2");
+void writeMasterTables(RowTarget& target, const Company& company) {
+    RowInserter codes(target, "gen_tabcod", "Empresa, Tipo, Codigo, Descripcion, Texto, Valor1, Valor2");
     writeSettings(codes, company);
     writeProductGroups(codes, company);
-    writeProducts(database, company);
-    writeAccounts(database, company);
-    writeDocumentTypes(database, company);
+    writeProducts(target, company);
+    writeAccounts(target, company);
+    writeDocumentTypes(target, company);
 }
 
 } // namespace dalvora::demo

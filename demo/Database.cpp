@@ -1,8 +1,14 @@
 #include "demo/Database.h"
 
 #include "demo/Company.h"
+#include "demo/ConnectionTarget.h"
 #include "demo/RowInserter.h"
+#include "demo/SqliteTarget.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "platform/quorvane32/core/ConnectString.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/core/SqlLexer.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/session/Passwords.h"
 #include "sql/Schema.h"
 #include <QFile>
@@ -34,19 +40,37 @@ void finish(Handle& database) {
     database.reset(); // the last close takes the log into the file and removes it
 }
 
-void writeCompany(sqlite3* database, const Company& company) {
-    RowInserter(database, "ses_empresa", "Empresa, Nombre").add(company.code, company.name);
-    writeMasterTables(database, company);
-    writeSchemes(database, company);
-    writeDocuments(database, company);
+void writeCompany(RowTarget& target, const Company& company) {
+    RowInserter(target, "ses_empresa", "Empresa, Nombre").add(company.code, company.name);
+    writeMasterTables(target, company);
+    writeSchemes(target, company);
+    writeDocuments(target, company);
 }
 
-void writeUsers(sqlite3* database) {
-    RowInserter users(database, "ses_usuario", "Usuario, Nombre, Clave");
-    RowInserter rights(database, "ses_derecho", "Usuario, Programa, Derechos");
+void writeUsers(RowTarget& target) {
+    RowInserter users(target, "ses_usuario", "Usuario, Nombre, Clave");
+    RowInserter rights(target, "ses_derecho", "Usuario, Programa, Derechos");
     for (const DemonstrationUser& user : demonstrationUsers) {
         users.add(user.code, user.name, quorvane::hashPassword(QString::fromUtf8(user.password)));
         rights.add(user.code, programName, user.rights);
+    }
+}
+
+void writeDemonstration(RowTarget& target) {
+    writeCompany(target, mainCompany());
+    writeCompany(target, secondCompany());
+    writeUsers(target);
+}
+
+/// Everything or nothing; a connection that is lost says so with its own error.
+template<class Work> void inTransaction(quorvane::Connection& connection, Work work) {
+    connection.beginTrans();
+    try {
+        work();
+        connection.commitTrans();
+    } catch (...) {
+        connection.rollbackTrans();
+        throw;
     }
 }
 
@@ -59,10 +83,32 @@ void createEmptyDatabase(const QString& path) {
 
 void createDemonstrationDatabase(const QString& path) {
     Handle database = openForLoad(path);
-    writeCompany(database.get(), mainCompany());
-    writeCompany(database.get(), secondCompany());
-    writeUsers(database.get());
+    SqliteTarget target(database.get());
+    writeDemonstration(target);
     finish(database);
+}
+
+void createTables(quorvane::Connection& connection) {
+    const QString driver =
+        quorvane::ConnectString::parse(connection.connectString()).value(QStringLiteral("driver"));
+    const auto engine = driver.compare(u"sqlite", Qt::CaseInsensitive) == 0
+                            ? dalvora::SchemaEngine::Sqlite
+                            : dalvora::SchemaEngine::PostgreSql;
+    const QString script = QString::fromUtf8(dalvora::erpTables(engine) + dalvora::sessionTables(engine));
+    inTransaction(connection, [&] {
+        for (const QString& statement : quorvane::statementsOf(script))
+            connection.execute(statement);
+    });
+    // What columns are dates is read when a database is opened.
+    connection.open(QString(connection.connectString()));
+}
+
+void loadDemonstration(quorvane::Connection& connection) {
+    inTransaction(connection, [&] {
+        ConnectionTarget target(connection);
+        writeDemonstration(target);
+        target.finish();
+    });
 }
 
 } // namespace dalvora::demo

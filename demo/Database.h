@@ -1,7 +1,10 @@
 #pragma once
 
-#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include <QString>
+
+namespace quorvane {
+class Connection;
+}
 
 namespace dalvora::demo {
 
@@ -12,6 +15,13 @@ void createEmptyDatabase(const QString& path);
 /// the file is there. The file is on the disk when the call returns; a call that is cut short leaves a file
 /// that must not be used, so callers create it under another name.
 void createDemonstrationDatabase(const QString& path);
+
+/// Creates all tables in an empty database of any engine, or none of them; error of the engine when one is
+/// there. The connection is open, and is opened anew.
+void createTables(quorvane::Connection& connection);
+/// Loads the companies, users and rights of the demonstration into tables that hold none of them, or nothing;
+/// error 2627 when some are there.
+void loadDemonstration(quorvane::Connection& connection);
 
 /// A user of the demonstration, with the password that docs/users.md tells.
 struct DemonstrationUser {

@@ -41,10 +41,10 @@ void writeDocumentLines(RowInserter& lines, const Company& company, const SalesD
 
 } // namespace
 
-void writeSchemes(sqlite3* database, const Company& company) {
-    RowInserter headers(database, "Comisiones",
+void writeSchemes(RowTarget& target, const Company& company) {
+    RowInserter headers(target, "Comisiones",
                         "Empresa, Codigo, Descripcion, FechaInicio, FechaFinal, Porcentaje, Acumulable");
-    RowInserter lines(database, "ComisionesD",
+    RowInserter lines(target, "ComisionesD",
                       "Empresa, Codigo, Tipo, Concepto, Descripcion, CantidadInicio, CantidadFinal, "
                       "Porcentaje, FechaInicio, FechaFinal, SubTipo, Calculo");
     for (const Scheme& scheme : company.schemes) {
@@ -68,12 +68,12 @@ std::optional<Commission> commissionOf(const Company& company, const SalesDocume
     return commissionOf(*scheme, company.data.products, deciding, document.lines);
 }
 
-void writeDocuments(sqlite3* database, const Company& company) {
-    RowInserter documents(database, "documento",
+void writeDocuments(RowTarget& target, const Company& company) {
+    RowInserter documents(target, "documento",
                           "Empresa, TipoDocto, Numero, IdCtaCte, TipoCtaCte, Correlativo, Fecha, Vendedor, "
                           "LisPrecio, Moneda, Neto, Impuesto, Flete, Total, Emitido, Vigencia, "
                           "ComisionMonto, ComisionCantidad, ComisionlPrecio");
-    RowInserter lines(database, "documentod",
+    RowInserter lines(target, "documentod",
                       "Empresa, TipoDocto, Numero, IdCtaCte, Linea, Producto, Cantidad, Precio, Descuento, "
                       "Neto, Impuesto");
     int position = 0;

@@ -2,6 +2,8 @@
 
 #include "demo/RowInserter.h"
 #include "demo/SalesDocuments.h"
+#include "demo/SqliteTarget.h"
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include <QStringList>
 #include <functional>
 #include <sqlite3.h>
@@ -25,10 +27,11 @@ Amount percentOf(int number) {
     return {static_cast<Hundredths>(number) * 37 % 10000 + 1};
 }
 
-void inTransaction(const QString& path, const std::function<void(sqlite3*)>& work) {
+void inTransaction(const QString& path, const std::function<void(SqliteTarget&)>& work) {
     const auto database = quorvane::sqlite::open(path, quorvane::sqlite::Access::ReadWrite, 5000);
     quorvane::sqlite::run(database.get(), "BEGIN IMMEDIATE");
-    work(database.get()); // an error closes the database, which undoes everything
+    SqliteTarget target(database.get());
+    work(target); // an error closes the database, which undoes everything
     quorvane::sqlite::run(database.get(), "COMMIT");
 }
 
@@ -56,10 +59,10 @@ QStringList customersOf(sqlite3* database, const QString& company) {
 } // namespace
 
 void ScaleData::addScheme(const SchemeSize& size) const {
-    inTransaction(m_path, [&](sqlite3* database) {
-        RowInserter(database, "Comisiones", headerColumns)
+    inTransaction(m_path, [&](SqliteTarget& target) {
+        RowInserter(target, "Comisiones", headerColumns)
             .add(m_company, size.code, "Comisión de gran tamaño", size.start, size.end, "N");
-        RowInserter lines(database, "ComisionesD", lineColumns);
+        RowInserter lines(target, "ComisionesD", lineColumns);
         addProductLines(lines, m_company, size);
         for (int i = 0; i < size.amountLines; ++i)
             lines.add(m_company, size.code, "Monto", "TODOS", " ", Amount{i * bracketSize},
@@ -71,9 +74,9 @@ void ScaleData::addScheme(const SchemeSize& size) const {
 }
 
 void ScaleData::addSchemes(int count, int linesEach) const {
-    inTransaction(m_path, [&](sqlite3* database) {
-        RowInserter headers(database, "Comisiones", headerColumns);
-        RowInserter lines(database, "ComisionesD", lineColumns);
+    inTransaction(m_path, [&](SqliteTarget& target) {
+        RowInserter headers(target, "Comisiones", headerColumns);
+        RowInserter lines(target, "ComisionesD", lineColumns);
         for (int i = 0; i < count; ++i) {
             const SchemeSize size{numbered(u'S', i + 1),
                                   QDate(1996 + i % 3, 1, 1),
@@ -89,9 +92,9 @@ void ScaleData::addSchemes(int count, int linesEach) const {
 }
 
 void ScaleData::addProducts(int count) const {
-    inTransaction(m_path, [&](sqlite3* database) {
+    inTransaction(m_path, [&](SqliteTarget& target) {
         RowInserter products(
-            database, "producto",
+            target, "producto",
             "Empresa, Producto, Glosa, Familia, SubFamilia, TipoProducto, Unidad, PrecioVenta");
         for (int i = 0; i < count; ++i)
             products.add(m_company, numbered(u'X', i + 1), QStringLiteral("Artículo número %1").arg(i + 1),
@@ -101,8 +104,8 @@ void ScaleData::addProducts(int count) const {
 }
 
 void ScaleData::addSalespeople(int count) const {
-    inTransaction(m_path, [&](sqlite3* database) {
-        RowInserter codes(database, "gen_tabcod", "Empresa, Tipo, Codigo, Descripcion");
+    inTransaction(m_path, [&](SqliteTarget& target) {
+        RowInserter codes(target, "gen_tabcod", "Empresa, Tipo, Codigo, Descripcion");
         for (int i = 0; i < count; ++i)
             codes.add(m_company, "GEN_VENDEDOR", numbered(u'S', i + 1),
                       QStringLiteral("Vendedor %1").arg(i + 1));
@@ -113,10 +116,10 @@ void ScaleData::addDocuments(int count) const {
     constexpr int firstNumber = 1000001;
     constexpr int days = 1096;
     constexpr int invoicesForANote = 20;
-    inTransaction(m_path, [&](sqlite3* database) {
-        const QStringList customers = customersOf(database, m_company);
+    inTransaction(m_path, [&](SqliteTarget& target) {
+        const QStringList customers = customersOf(target.database(), m_company);
         RowInserter documents(
-            database, "documento",
+            target, "documento",
             "Empresa, TipoDocto, Numero, IdCtaCte, TipoCtaCte, Correlativo, Fecha, Vendedor, "
             "Moneda, Neto, Total, Emitido, ComisionMonto, ComisionCantidad, ComisionlPrecio");
         const QDate start(1996, 1, 1);

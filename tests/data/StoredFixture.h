@@ -16,8 +16,10 @@ using quorvane::RunTimeError;
 
 /// A program at work on a database: its own connection, session and record.
 struct Program {
-    explicit Program(const TestDatabase& database, int timeout = 5000) {
-        connection.open(database.connectString(timeout));
+    explicit Program(const TestDatabase& database, int timeout = 5000)
+        : Program(database.connectString(timeout)) {}
+    explicit Program(const QString& connectString) {
+        connection.open(connectString);
         table.SysEmpresa = session.company;
         table.SysDecimales = 3;
         table.carga_inicio();

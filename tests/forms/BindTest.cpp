@@ -15,7 +15,7 @@ protected:
 
 } // namespace
 
-TEST_F(BindTest, AComboBoxIsSelectedAnewThroughItsList) {
+TEST_P(BindTest, AComboBoxIsSelectedAnewThroughItsList) {
     QComboBox combo;
     combo.setEditable(true);
     combo.addItems({u"ABC"_s, u"DEF"_s});
@@ -28,7 +28,7 @@ TEST_F(BindTest, AComboBoxIsSelectedAnewThroughItsList) {
     expectSilence();
 }
 
-TEST_F(BindTest, AComboBoxWithoutTheValueSaysSo) {
+TEST_P(BindTest, AComboBoxWithoutTheValueSaysSo) {
     QComboBox combo;
     combo.setEditable(true);
     combo.addItem(u"ABC"_s);
@@ -38,7 +38,7 @@ TEST_F(BindTest, AComboBoxWithoutTheValueSaysSo) {
     EXPECT_EQ(combo.currentIndex(), -1);
 }
 
-TEST_F(BindTest, ACheckBoxIsYesOrNo) {
+TEST_P(BindTest, ACheckBoxIsYesOrNo) {
     QCheckBox check;
     check.setChecked(true);
     binding().bind(2, check);
@@ -50,9 +50,11 @@ TEST_F(BindTest, ACheckBoxIsYesOrNo) {
     EXPECT_FALSE(check.isChecked());
 }
 
-TEST_F(BindTest, ALockedControlChangesNothing) {
+TEST_P(BindTest, ALockedControlChangesNothing) {
     QLineEdit locked(u"x"_s);
     locked.setEnabled(false);
     binding().bind(2, locked);
     EXPECT_EQ(table().Codigo(), QString());
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, BindTest, testing::ValuesIn(allEngines), engineName);

@@ -10,7 +10,7 @@ class CommandTest : public MainFormTest {};
 
 } // namespace
 
-TEST_F(CommandTest, AClickRunsItsCommandAfterTheEntryInProgressWasStored) {
+TEST_P(CommandTest, AClickRunsItsCommandAfterTheEntryInProgressWasStored) {
     readC1();
     controls().XGrid->setFocus();
     controls().XGrid->setRow(1);
@@ -25,14 +25,14 @@ TEST_F(CommandTest, AClickRunsItsCommandAfterTheEntryInProgressWasStored) {
     expectSilence();
 }
 
-TEST_F(CommandTest, ASecondClickBeforeTheTimerReplacesTheFirst) {
+TEST_P(CommandTest, ASecondClickBeforeTheTimerReplacesTheFirst) {
     controls().button(u"ayuda").trigger();
     controls().button(u"vprevia").trigger();
     settle();
     EXPECT_EQ(calls, QStringList{u"preview"_s});
 }
 
-TEST_F(CommandTest, HelpAboutReportsAndSalespeople) {
+TEST_P(CommandTest, HelpAboutReportsAndSalespeople) {
     for (const char16_t* item : {u"mnuAyudaTopico", u"mnuAyudaBuscar", u"mnuAyudaUso", u"mnuAcercaDe"})
         choose(QString::fromUtf16(item));
     click(u"vprevia"_s);
@@ -46,7 +46,7 @@ TEST_F(CommandTest, HelpAboutReportsAndSalespeople) {
     EXPECT_EQ(calls, (QStringList{u"salespeople"_s, u"salespeople"_s}));
 }
 
-TEST_F(CommandTest, CloseAndQuitEndTheProgramWithoutAsking) {
+TEST_P(CommandTest, CloseAndQuitEndTheProgramWithoutAsking) {
     readC1();
     enterCell(*controls().XGrid, 1, 6, u"7"_s);
     choose(u"mnuSalir"_s);
@@ -55,7 +55,7 @@ TEST_F(CommandTest, CloseAndQuitEndTheProgramWithoutAsking) {
     expectSilence();
 }
 
-TEST_F(CommandTest, CommandsWithoutAnActionSaySo) {
+TEST_P(CommandTest, CommandsWithoutAnActionSaySo) {
     for (const char16_t* item : {u"mnuLeerPrimero", u"mnuLeerSiguiente", u"mnuBrowser"})
         choose(QString::fromUtf16(item));
     expectTold({{u"Botón no implementado leerprimero"_s, 16},
@@ -63,7 +63,7 @@ TEST_F(CommandTest, CommandsWithoutAnActionSaySo) {
                 {u"Botón no implementado browser"_s, 16}});
 }
 
-TEST_F(CommandTest, SaveNeedsALineBeforeItLooksAtTheDates) {
+TEST_P(CommandTest, SaveNeedsALineBeforeItLooksAtTheDates) {
     controls().button(u"grabar").setEnabled(true);
     click(u"grabar"_s);
     expectTold({{u"Debe ingresar al menos una comisión para poder Guardar"_s, 64}});
@@ -73,7 +73,7 @@ TEST_F(CommandTest, SaveNeedsALineBeforeItLooksAtTheDates) {
     expectTold({{u"Debe ingresar Fecha Inicial y Fecha Final para poder guardar"_s, 64}});
 }
 
-TEST_F(CommandTest, FirstSavedDayIsTheFourteenthOfMarch1905) {
+TEST_P(CommandTest, FirstSavedDayIsTheFourteenthOfMarch1905) {
     enter(*controls().TxtCodigo, u"C9"_s);
     enter(*controls().FecIni, u"13/03/1905"_s);
     enter(*controls().FecFin, u"31/12/2006"_s);
@@ -94,7 +94,7 @@ TEST_F(CommandTest, FirstSavedDayIsTheFourteenthOfMarch1905) {
     EXPECT_EQ(session->audits.back().first, 6);
 }
 
-TEST_F(CommandTest, ARefusedSavePutsTheCursorOnTheFailingCell) {
+TEST_P(CommandTest, ARefusedSavePutsTheCursorOnTheFailingCell) {
     readC1();
     controls().SSTab1->setCurrentIndex(2);
     enterCell(*controls().XGrid, 2, 1, u"Todos"_s);
@@ -107,7 +107,7 @@ TEST_F(CommandTest, ARefusedSavePutsTheCursorOnTheFailingCell) {
     EXPECT_TRUE(table().SysRecordEnabled);
 }
 
-TEST_F(CommandTest, DeleteAsksOnlyForAStoredRecord) {
+TEST_P(CommandTest, DeleteAsksOnlyForAStoredRecord) {
     controls().button(u"eliminar").setEnabled(true);
     click(u"eliminar"_s);
     expectTold({{u"Antes de eliminar debe leer un registro"_s, 48}});
@@ -123,7 +123,7 @@ TEST_F(CommandTest, DeleteAsksOnlyForAStoredRecord) {
     EXPECT_EQ(controls().TxtCodigo->text(), QString());
 }
 
-TEST_F(CommandTest, CommandsFollowTheRightsAndTheState) {
+TEST_P(CommandTest, CommandsFollowTheRightsAndTheState) {
     EXPECT_FALSE(controls().button(u"grabar").isEnabled());
     EXPECT_FALSE(controls().button(u"eliminar").isEnabled());
     EXPECT_TRUE(controls().menuItem(u"mnuLeer").isEnabled());
@@ -143,7 +143,7 @@ TEST_F(CommandTest, CommandsFollowTheRightsAndTheState) {
         EXPECT_FALSE(controls().menuItem(item).isEnabled());
 }
 
-TEST_F(CommandTest, ARightWithdrawnWhileTypingRefusesTheSaveAndLosesNothing) {
+TEST_P(CommandTest, ARightWithdrawnWhileTypingRefusesTheSaveAndLosesNothing) {
     readC1();
     enterCell(*controls().XGrid, 1, 6, u"7"_s);
     session->rights = u"R---"_s;
@@ -153,7 +153,7 @@ TEST_F(CommandTest, ARightWithdrawnWhileTypingRefusesTheSaveAndLosesNothing) {
     EXPECT_EQ(rows(u"SELECT Porcentaje FROM ComisionesD WHERE tipo = 'Producto'"_s), QStringList{u"5"_s});
 }
 
-TEST_F(CommandTest, HostOpensAndAddsRecords) {
+TEST_P(CommandTest, HostOpensAndAddsRecords) {
     enter(*controls().TxtCodigo, u"NADA"_s);
     form->openRecord(u"NADA"_s, false);
     expectTold({{u"Registro no existe"_s, 64}});
@@ -170,7 +170,7 @@ TEST_F(CommandTest, HostOpensAndAddsRecords) {
     EXPECT_TRUE(controls().TxtCodigo->isEnabled());
 }
 
-TEST_F(CommandTest, ClosingAsksBeforeAnEntryIsLost) {
+TEST_P(CommandTest, ClosingAsksBeforeAnEntryIsLost) {
     readC1();
     bool cancel = false;
     form->Form_QueryUnload(cancel, frmMain::ControlBox);
@@ -193,14 +193,14 @@ TEST_F(CommandTest, ClosingAsksBeforeAnEntryIsLost) {
     EXPECT_FALSE(form->isVisible());
 }
 
-TEST_F(CommandTest, ProgressShowsInThePanelAndGoesAway) {
+TEST_P(CommandTest, ProgressShowsInThePanelAndGoesAway) {
     readC1();
     EXPECT_EQ(controls().StatusBar->text(panelMensaje), QString());
     EXPECT_EQ(controls().StatusBar->text(panelPeriodo), u"01/01/2006 - 31/12/2006"_s);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(CommandTest, TheSecondOfTwoUsersIsToldAndStoresNothing) {
+TEST_P(CommandTest, TheSecondOfTwoUsersIsToldAndStoresNothing) {
     readC1();
     enterCell(*controls().XGrid, 1, 6, u"7"_s);
     execute(u"UPDATE Comisiones SET FechaFinal = '30/06/2006'"_s);
@@ -211,3 +211,5 @@ TEST_F(CommandTest, TheSecondOfTwoUsersIsToldAndStoresNothing) {
     EXPECT_EQ(rows(u"SELECT Porcentaje FROM ComisionesD WHERE tipo = 'Producto'"_s), QStringList{u"5"_s});
     EXPECT_EQ(controls().XGrid->text(1, 6), u"7,00"_s);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, CommandTest, testing::ValuesIn(allEngines), engineName);

@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(GridTest, ColumnsOfTheThreeGrids) {
+TEST_P(GridTest, ColumnsOfTheThreeGrids) {
     EXPECT_EQ(captions(products()),
               (QStringList{u""_s, u"Tipo"_s, u"Producto"_s, u"Descripción"_s, u"Inicio Tramo"_s,
                            u"Fin Tramo"_s, u"Porcentaje"_s, u"Calcular en base a:"_s}));
@@ -53,7 +53,7 @@ TEST_F(GridTest, ColumnsOfTheThreeGrids) {
     EXPECT_EQ(widths(priceLists()), (QList<int>{0, 1800, 2500, 1300, 1500, 0, 0, 0}));
 }
 
-TEST_F(GridTest, ListsButtonsAndLocks) {
+TEST_P(GridTest, ListsButtonsAndLocks) {
     EXPECT_EQ(products().column(1).list(),
               (QStringList{u"Todos"_s, u"Familia"_s, u"SubFamilia"_s, u"Producto"_s, u"TipoProducto"_s}));
     EXPECT_EQ(products().column(7).list(), (QStringList{u"Neto"_s, u"Total"_s}));
@@ -70,7 +70,7 @@ TEST_F(GridTest, ListsButtonsAndLocks) {
     EXPECT_EQ(products().column(3).alignment(), 1);
 }
 
-TEST_F(GridTest, AmountsKeepTheControlsOwnFirstColour) {
+TEST_P(GridTest, AmountsKeepTheControlsOwnFirstColour) {
     EXPECT_EQ(products().firstColor() & 0xFFFFFF, 0xE0E0E0U);
     EXPECT_EQ(priceLists().firstColor() & 0xFFFFFF, 0xE0E0E0U);
     EXPECT_EQ(amounts().firstColor(), quorvane::XGrid().firstColor());
@@ -78,7 +78,7 @@ TEST_F(GridTest, AmountsKeepTheControlsOwnFirstColour) {
         EXPECT_EQ(grid->fourthColor() & 0xFFFFFF, 0xFFCECEU);
 }
 
-TEST_F(GridTest, FocusDetailCellOutsideTheRowsOnlySwitchesTheTab) {
+TEST_P(GridTest, FocusDetailCellOutsideTheRowsOnlySwitchesTheTab) {
     readC1();
     goTo(1, 1, 3);
     for (const int row : {0, amounts().rows()}) {
@@ -92,7 +92,7 @@ TEST_F(GridTest, FocusDetailCellOutsideTheRowsOnlySwitchesTheTab) {
     }
 }
 
-TEST_F(GridTest, FocusDetailCellNeedsALineErrorAndTakesColumnOneForNone) {
+TEST_P(GridTest, FocusDetailCellNeedsALineErrorAndTakesColumnOneForNone) {
     readC1();
     table().Grilla = 3;
     FocusDetailCell(controls(), table(), 4, 1, 0);
@@ -106,7 +106,7 @@ TEST_F(GridTest, FocusDetailCellNeedsALineErrorAndTakesColumnOneForNone) {
     EXPECT_EQ(controls().SSTab1->currentIndex(), 2);
 }
 
-TEST_F(GridTest, CaptionRowIsTintedUnlessTheGridHasNoRow) {
+TEST_P(GridTest, CaptionRowIsTintedUnlessTheGridHasNoRow) {
     const auto captionColour = [](quorvane::XGrid& grid) {
         const QImage picture = grid.grab().toImage();
         return picture.pixelColor(picture.width() - 10, 6).rgb();
@@ -119,7 +119,7 @@ TEST_F(GridTest, CaptionRowIsTintedUnlessTheGridHasNoRow) {
     EXPECT_EQ(products().firstColor() & 0xFFFFFF, 0xE0E0E0U);
 }
 
-TEST_F(GridTest, ShowsTheLinesAndAnEntryRow) {
+TEST_P(GridTest, ShowsTheLinesAndAnEntryRow) {
     readC1();
     EXPECT_EQ(products().rows(), 3);
     EXPECT_EQ(products().text(1, 2), u"P1"_s);
@@ -129,7 +129,7 @@ TEST_F(GridTest, ShowsTheLinesAndAnEntryRow) {
     EXPECT_EQ(priceLists().text(1, 2), u"Mayorista"_s);
 }
 
-TEST_F(GridTest, AnotherTypeClearsTheCodeTheSameInOtherLettersDoesNot) {
+TEST_P(GridTest, AnotherTypeClearsTheCodeTheSameInOtherLettersDoesNot) {
     readC1();
     QString same = u"PRODUCTO"_s;
     enterCell(products(), 1, 1, u"Producto"_s);
@@ -145,7 +145,7 @@ TEST_F(GridTest, AnotherTypeClearsTheCodeTheSameInOtherLettersDoesNot) {
     expectSilence();
 }
 
-TEST_F(GridTest, ARefusedValueGivesItsMessageOnceAndTheOldValueBack) {
+TEST_P(GridTest, ARefusedValueGivesItsMessageOnceAndTheOldValueBack) {
     readC1();
     enterCell(products(), 1, 6, u"100,01"_s);
     expectTold({{u"Porcentaje inválido(a)"_s, 64}});
@@ -158,7 +158,7 @@ TEST_F(GridTest, ARefusedValueGivesItsMessageOnceAndTheOldValueBack) {
     EXPECT_EQ(products().text(1, 6), u"5,00"_s);
 }
 
-TEST_F(GridTest, MovingPastTheLastRowAddsOneEmptyLineOnly) {
+TEST_P(GridTest, MovingPastTheLastRowAddsOneEmptyLineOnly) {
     readC1();
     goTo(0, 2, 1);
     press(Qt::Key_Down);
@@ -172,7 +172,7 @@ TEST_F(GridTest, MovingPastTheLastRowAddsOneEmptyLineOnly) {
     EXPECT_EQ(table().DetailsCount(), 3);
 }
 
-TEST_F(GridTest, DeleteAsksForALineWithValuesOnly) {
+TEST_P(GridTest, DeleteAsksForALineWithValuesOnly) {
     readC1();
     goTo(0, 1, 1);
     recorder.answer(ButtonNo);
@@ -185,7 +185,7 @@ TEST_F(GridTest, DeleteAsksForALineWithValuesOnly) {
     EXPECT_EQ(table().DetailsCount(), 1);
 }
 
-TEST_F(GridTest, DeletingTheLastProductStartsAllThreeCollectionsAnew) {
+TEST_P(GridTest, DeletingTheLastProductStartsAllThreeCollectionsAnew) {
     readC1();
     goTo(0, 2, 1);
     press(Qt::Key_Delete);
@@ -197,7 +197,7 @@ TEST_F(GridTest, DeletingTheLastProductStartsAllThreeCollectionsAnew) {
     EXPECT_EQ(amounts().text(1, 1), QString());
 }
 
-TEST_F(GridTest, InsertPutsALineAboveTheCurrentOne) {
+TEST_P(GridTest, InsertPutsALineAboveTheCurrentOne) {
     readC1();
     goTo(0, 1, 1);
     press(Qt::Key_Insert);
@@ -210,7 +210,7 @@ TEST_F(GridTest, InsertPutsALineAboveTheCurrentOne) {
     EXPECT_EQ(table().DetailsCount(), 3);
 }
 
-TEST_F(GridTest, CodeOfAProductLineNeedsItsType) {
+TEST_P(GridTest, CodeOfAProductLineNeedsItsType) {
     readC1();
     goTo(0, 2, 2);
     press(Qt::Key_F2);
@@ -224,7 +224,7 @@ TEST_F(GridTest, CodeOfAProductLineNeedsItsType) {
     EXPECT_TRUE(calls.isEmpty());
 }
 
-TEST_F(GridTest, LookupByTypeStoresTheChosenCode) {
+TEST_P(GridTest, LookupByTypeStoresTheChosenCode) {
     readC1();
     chosen = {u"P2"_s, u"Té"_s};
     goTo(0, 1, 2);
@@ -247,7 +247,7 @@ TEST_F(GridTest, LookupByTypeStoresTheChosenCode) {
     expectSilence();
 }
 
-TEST_F(GridTest, LookupsOfAmountsAndPriceLists) {
+TEST_P(GridTest, LookupsOfAmountsAndPriceLists) {
     readC1();
     goTo(1, 2, 1);
     chosen = {u"FACTURA"_s};
@@ -265,7 +265,7 @@ TEST_F(GridTest, LookupsOfAmountsAndPriceLists) {
     EXPECT_EQ(priceLists().text(2, 1), u"L1"_s);
 }
 
-TEST_F(GridTest, PriceListsNeedTheDates) {
+TEST_P(GridTest, PriceListsNeedTheDates) {
     goTo(2, 1, 3);
     press(Qt::Key_F2);
     expectTold({{u"Debe Ingresar Fechas"_s, 48}});
@@ -281,7 +281,7 @@ TEST_F(GridTest, PriceListsNeedTheDates) {
     EXPECT_TRUE(priceLists().isEditing());
 }
 
-TEST_F(GridTest, PastedBlockGoesThroughTheSameChecksAndAddsRows) {
+TEST_P(GridTest, PastedBlockGoesThroughTheSameChecksAndAddsRows) {
     readC1();
     QGuiApplication::clipboard()->setText(
         u"Producto\tp2\t\t1\t5\t3,5\tNeto\nFamilia\tBEBIDAS\t\t0\t9\t4\nTodos"_s);
@@ -295,7 +295,7 @@ TEST_F(GridTest, PastedBlockGoesThroughTheSameChecksAndAddsRows) {
     EXPECT_EQ(products().text(4, 1), u"Todos"_s);
 }
 
-TEST_F(GridTest, ARefusedCellStopsAPasteAfterOneMessage) {
+TEST_P(GridTest, ARefusedCellStopsAPasteAfterOneMessage) {
     readC1();
     QString block;
     for (int i = 0; i < 1000; ++i)
@@ -306,7 +306,7 @@ TEST_F(GridTest, ARefusedCellStopsAPasteAfterOneMessage) {
     expectTold({{u"Producto 'NADA' no existe "_s, 64}});
 }
 
-TEST_F(GridTest, HostileTextsInEveryCellAreHarmless) {
+TEST_P(GridTest, HostileTextsInEveryCellAreHarmless) {
     readC1();
     const QString hostile[] = {u"'; DELETE FROM producto; --"_s, QString(10000, u'9'), u"%_[]\"😀"_s,
                                QString(QChar(u'\0'))};
@@ -322,10 +322,12 @@ TEST_F(GridTest, HostileTextsInEveryCellAreHarmless) {
     EXPECT_EQ(products().text(1, 2), u"P1"_s);
 }
 
-TEST_F(GridTest, AnEntryInProgressStaysWhileNothingHappens) {
+TEST_P(GridTest, AnEntryInProgressStaysWhileNothingHappens) {
     readC1();
     goTo(0, 1, 6);
     type(u"7,5"_s);
     QTest::qWait(400);
     EXPECT_TRUE(products().isEditing());
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, GridTest, testing::ValuesIn(allEngines), engineName);

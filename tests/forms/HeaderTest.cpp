@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(HeaderTest, ControlsShowTheRecordsFormOfAnEntry) {
+TEST_P(HeaderTest, ControlsShowTheRecordsFormOfAnEntry) {
     enter(*controls().TxtCodigo, u"  x1 "_s);
     EXPECT_EQ(controls().TxtCodigo->text(), u"x1"_s);
     enter(*controls().TxtGlosa, QString(60, u'd'));
@@ -44,7 +44,7 @@ TEST_F(HeaderTest, ControlsShowTheRecordsFormOfAnEntry) {
     expectSilence();
 }
 
-TEST_F(HeaderTest, ARefusedDateGivesOneMessageAndTheOldTextBack) {
+TEST_P(HeaderTest, ARefusedDateGivesOneMessageAndTheOldTextBack) {
     enter(*controls().FecIni, u"31/02/2006"_s);
     expectTold({{u"Fecha Final inválido(a)"_s, 48}});
     EXPECT_EQ(controls().FecIni->text(), QString());
@@ -52,13 +52,13 @@ TEST_F(HeaderTest, ARefusedDateGivesOneMessageAndTheOldTextBack) {
     expectTold({{u"Fecha Final inválido(a)"_s, 48}});
 }
 
-TEST_F(HeaderTest, LeavingTheCodeOffersToSaveWhateverTheRights) {
+TEST_P(HeaderTest, LeavingTheCodeOffersToSaveWhateverTheRights) {
     session->rights = u"R---"_s;
     enter(*controls().TxtCodigo, u"NUEVO"_s);
     EXPECT_TRUE(controls().button(u"grabar").isEnabled());
 }
 
-TEST_F(HeaderTest, OnlyTheEndDateReads) {
+TEST_P(HeaderTest, OnlyTheEndDateReads) {
     enter(*controls().TxtCodigo, u"C1"_s);
     enter(*controls().FecIni, u"01/06/2006"_s);
     EXPECT_FALSE(table().SysRecordEnabled);
@@ -71,7 +71,7 @@ TEST_F(HeaderTest, OnlyTheEndDateReads) {
     EXPECT_FALSE(controls().FecIni->isEnabled());
 }
 
-TEST_F(HeaderTest, LeavingTheCodeReadsWhenTheDatesAreThere) {
+TEST_P(HeaderTest, LeavingTheCodeReadsWhenTheDatesAreThere) {
     enter(*controls().FecIni, u"01/01/2006"_s);
     enter(*controls().FecFin, u"31/12/2006"_s);
     EXPECT_FALSE(table().SysRecordEnabled);
@@ -80,7 +80,7 @@ TEST_F(HeaderTest, LeavingTheCodeReadsWhenTheDatesAreThere) {
     EXPECT_EQ(controls().TxtCodigo->text(), u"C1"_s);
 }
 
-TEST_F(HeaderTest, AClickOnTheCodeReadsToo) {
+TEST_P(HeaderTest, AClickOnTheCodeReadsToo) {
     enter(*controls().FecIni, u"01/01/2006"_s);
     enter(*controls().FecFin, u"31/12/2006"_s);
     controls().TxtCodigo->setFocus();
@@ -89,7 +89,7 @@ TEST_F(HeaderTest, AClickOnTheCodeReadsToo) {
     EXPECT_TRUE(table().SysRecordFound);
 }
 
-TEST_F(HeaderTest, LookupReadsTheChosenScheme) {
+TEST_P(HeaderTest, LookupReadsTheChosenScheme) {
     chosen = {u"C1"_s, u"Esquema uno"_s, u"01/01/2006"_s, u"31/12/2006"_s};
     controls().TxtCodigo->setFocus();
     press(Qt::Key_F8);
@@ -100,14 +100,14 @@ TEST_F(HeaderTest, LookupReadsTheChosenScheme) {
     expectSilence();
 }
 
-TEST_F(HeaderTest, CancelledLookupChangesNothing) {
+TEST_P(HeaderTest, CancelledLookupChangesNothing) {
     enter(*controls().TxtCodigo, u"ZZ"_s);
     QTest::mouseClick(controls().coCodigo, Qt::LeftButton);
     EXPECT_EQ(controls().TxtCodigo->text(), u"ZZ"_s);
     EXPECT_FALSE(table().SysRecordEnabled);
 }
 
-TEST_F(HeaderTest, LookupWithARecordLoadedAsksBeforeAnEntryIsLost) {
+TEST_P(HeaderTest, LookupWithARecordLoadedAsksBeforeAnEntryIsLost) {
     execute(
         u"INSERT INTO Comisiones VALUES ('01', 'C2', 'Esquema dos', '01/01/2005', '31/12/2005', 0, 'N')"_s);
     readC1();
@@ -126,7 +126,7 @@ TEST_F(HeaderTest, LookupWithARecordLoadedAsksBeforeAnEntryIsLost) {
     EXPECT_FALSE(controls().CheckP->isChecked());
 }
 
-TEST_F(HeaderTest, PeriodFormMovesBothDatesAtOnce) {
+TEST_P(HeaderTest, PeriodFormMovesBothDatesAtOnce) {
     readC1();
     answerPeriod(u"01/01/2007"_s, u"30/06/2007"_s, "coAceptar");
     EXPECT_EQ(shown, u"01/01/2006 31/12/2006"_s);
@@ -144,14 +144,14 @@ TEST_F(HeaderTest, PeriodFormMovesBothDatesAtOnce) {
         (QStringList{u"01/01/2007|30/06/2007"_s, u"01/01/2007|30/06/2007"_s, u"01/01/2007|30/06/2007"_s}));
 }
 
-TEST_F(HeaderTest, PeriodFormGivenUpChangesNothing) {
+TEST_P(HeaderTest, PeriodFormGivenUpChangesNothing) {
     readC1();
     answerPeriod(u"01/01/2007"_s, u"30/06/2007"_s, "coCancelar");
     EXPECT_EQ(controls().FecIni->text(), u"01/01/2006"_s);
     EXPECT_FALSE(table().SysRecordModified);
 }
 
-TEST_F(HeaderTest, PeriodFormRefusesWhatIsNoPeriod) {
+TEST_P(HeaderTest, PeriodFormRefusesWhatIsNoPeriod) {
     readC1();
     answerPeriod(u"31/02/2007"_s, u"30/06/2007"_s, "coAceptar");
     EXPECT_TRUE(stayedOpen);
@@ -161,7 +161,7 @@ TEST_F(HeaderTest, PeriodFormRefusesWhatIsNoPeriod) {
     EXPECT_EQ(controls().FecIni->text(), u"01/01/2006"_s);
 }
 
-TEST_F(HeaderTest, FormSnapsBackToItsStartSizeAndSharesOutMore) {
+TEST_P(HeaderTest, FormSnapsBackToItsStartSizeAndSharesOutMore) {
     const QSize start = form->size();
     form->resize(start - QSize(200, 200));
     EXPECT_EQ(form->size(), start);
@@ -176,13 +176,13 @@ TEST_F(HeaderTest, FormSnapsBackToItsStartSizeAndSharesOutMore) {
     EXPECT_EQ(controls().SSTab1->height(), innerHeight - controls().Frame1->height() - 133);
 }
 
-TEST_F(HeaderTest, OldOptionOfAmountsHidesTheProducts) {
+TEST_P(HeaderTest, OldOptionOfAmountsHidesTheProducts) {
     controls().Opt_Monto->click();
     EXPECT_TRUE(controls().XGrid->isHidden());
     EXPECT_FALSE(controls().XGrid2->isHidden());
 }
 
-TEST_F(HeaderTest, HostileTextsInTheHeaderAreHarmless) {
+TEST_P(HeaderTest, HostileTextsInTheHeaderAreHarmless) {
     const QString odd = u"'; DROP TABLE Comisiones; --%_\"😀"_s;
     enter(*controls().TxtCodigo, odd);
     enter(*controls().TxtGlosa, odd + QString(10000, u'x'));
@@ -194,7 +194,7 @@ TEST_F(HeaderTest, HostileTextsInTheHeaderAreHarmless) {
     EXPECT_EQ(rows(u"SELECT count(*) FROM Comisiones"_s), QStringList{u"1"_s});
 }
 
-TEST_F(HeaderTest, TabGoesThroughANewSchemeBeforeItIsRead) {
+TEST_P(HeaderTest, TabGoesThroughANewSchemeBeforeItIsRead) {
     controls().TxtCodigo->setFocus();
     for (const QString& entry : {u"NUEVO"_s, u"Esquema nuevo"_s, u"01/01/2007"_s, u"31/12/2007"_s}) {
         type(entry);
@@ -206,7 +206,7 @@ TEST_F(HeaderTest, TabGoesThroughANewSchemeBeforeItIsRead) {
     EXPECT_EQ(controls().StatusBar->text(panelPeriodo), u"01/01/2007 - 31/12/2007"_s);
 }
 
-TEST_F(HeaderTest, ALookupByAReaderOffersNoSave) {
+TEST_P(HeaderTest, ALookupByAReaderOffersNoSave) {
     session->rights = u"R---"_s;
     chosen = {u"C1"_s, u"Esquema uno"_s, u"01/01/2006"_s, u"31/12/2006"_s};
     controls().TxtCodigo->setFocus();
@@ -215,7 +215,7 @@ TEST_F(HeaderTest, ALookupByAReaderOffersNoSave) {
     EXPECT_FALSE(controls().button(u"grabar").isEnabled());
 }
 
-TEST_F(HeaderTest, ARightClickOnTheCodeDoesNotRead) {
+TEST_P(HeaderTest, ARightClickOnTheCodeDoesNotRead) {
     enter(*controls().FecIni, u"01/01/2006"_s);
     enter(*controls().FecFin, u"31/12/2006"_s);
     controls().TxtCodigo->setFocus();
@@ -224,7 +224,7 @@ TEST_F(HeaderTest, ARightClickOnTheCodeDoesNotRead) {
     EXPECT_FALSE(table().SysRecordEnabled);
 }
 
-TEST_F(HeaderTest, ALookupReplacesEnteredLinesOnlyWhenTold) {
+TEST_P(HeaderTest, ALookupReplacesEnteredLinesOnlyWhenTold) {
     enterCell(*controls().XGrid, 1, 1, u"Todos"_s);
     chosen = {u"C1"_s, u"Esquema uno"_s, u"01/01/2006"_s, u"31/12/2006"_s};
     recorder.answer(ButtonNo);
@@ -234,7 +234,7 @@ TEST_F(HeaderTest, ALookupReplacesEnteredLinesOnlyWhenTold) {
     EXPECT_FALSE(table().SysRecordEnabled);
 }
 
-TEST_F(HeaderTest, CompletingTheKeyKeepsEnteredLinesUnlessTold) {
+TEST_P(HeaderTest, CompletingTheKeyKeepsEnteredLinesUnlessTold) {
     enterCell(*controls().XGrid, 1, 1, u"Todos"_s);
     enter(*controls().TxtCodigo, u"C1"_s);
     enter(*controls().FecIni, u"01/01/2006"_s);
@@ -248,3 +248,5 @@ TEST_F(HeaderTest, CompletingTheKeyKeepsEnteredLinesUnlessTold) {
     recorder.take();
     EXPECT_TRUE(table().SysRecordFound);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, HeaderTest, testing::ValuesIn(allEngines), engineName);

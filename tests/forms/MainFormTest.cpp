@@ -1,6 +1,4 @@
 #include "tests/forms/MainFormTest.h"
-#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
-#include "sql/Schema.h"
 #include <QApplication>
 #include <QToolButton>
 
@@ -28,15 +26,9 @@ INSERT INTO ComisionesD (Empresa, Codigo, Tipo, Concepto, Descripcion, CantidadI
 } // namespace
 
 MainFormTest::MainFormTest() {
-    using quorvane::sqlite::Access;
-    const QString path = folder.filePath(u"erp.db"_s);
-    {
-        const auto database = quorvane::sqlite::open(path, Access::Create, 1000);
-        quorvane::sqlite::run(database.get(), erpTables());
-        quorvane::sqlite::run(database.get(), seed);
-    }
+    database.run(QString::fromUtf8(seed));
     context.Connection = std::make_unique<quorvane::Connection>();
-    context.Connection->open(u"Driver=sqlite;Database=%1;Timeout=200"_s.arg(path));
+    context.Connection->open(database.connectString(200));
     auto fake = std::make_unique<FakeSession>();
     session = fake.get();
     context.Session = std::move(fake);

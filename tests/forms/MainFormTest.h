@@ -10,7 +10,7 @@
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
-#include <QTemporaryDir>
+#include "tests/support/TestDatabase.h"
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -18,9 +18,9 @@ namespace dalvora::test {
 
 using namespace Qt::StringLiterals;
 
-/// The real main form over a real embedded database in a folder of its own, used with real key and mouse
+/// The real main form over a real database of each engine, used with real key and mouse
 /// events. Messages are recorded, lookups answered from a list.
-class MainFormTest : public testing::Test, public FormServices {
+class MainFormTest : public testing::TestWithParam<TestEngine>, public FormServices {
 protected:
     MainFormTest();
     ~MainFormTest() override;
@@ -58,7 +58,7 @@ protected:
     void showSalespeople() override { calls << u"salespeople"_s; }
     void terminate() override { calls << u"terminate"_s; }
 
-    QTemporaryDir folder;
+    TestDatabase database{GetParam()};
     MessageRecorder recorder;
     QStringList calls;
     /// The row that the next lookup gives; nothing chosen when empty.

@@ -22,7 +22,7 @@ protected:
 
 } // namespace
 
-TEST_F(SafetyTest, AReadThatFailsBetweenItsQueriesLeavesUsableGrids) {
+TEST_P(SafetyTest, AReadThatFailsBetweenItsQueriesLeavesUsableGrids) {
     readC1();
     execute(u"ALTER TABLE ComisionesD RENAME TO Otra"_s);
     click(u"leer"_s);
@@ -36,7 +36,7 @@ TEST_F(SafetyTest, AReadThatFailsBetweenItsQueriesLeavesUsableGrids) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(SafetyTest, ClosingAsksForEveryKindOfEntry) {
+TEST_P(SafetyTest, ClosingAsksForEveryKindOfEntry) {
     EXPECT_FALSE(closingAsks());
     controls().TxtGlosa->setFocus();
     type(u"x"_s);
@@ -56,7 +56,7 @@ TEST_F(SafetyTest, ClosingAsksForEveryKindOfEntry) {
     EXPECT_FALSE(closingAsks());
 }
 
-TEST_F(SafetyTest, ACommandWaitsForTheWindowThatAsksSomething) {
+TEST_P(SafetyTest, ACommandWaitsForTheWindowThatAsksSomething) {
     readC1();
     QDialog question(form.get());
     QTimer::singleShot(0, &question, [&] {
@@ -70,7 +70,7 @@ TEST_F(SafetyTest, ACommandWaitsForTheWindowThatAsksSomething) {
     EXPECT_EQ(table().Codigo(), QString());
 }
 
-TEST_F(SafetyTest, TheKeyboardComesBackAfterACommand) {
+TEST_P(SafetyTest, TheKeyboardComesBackAfterACommand) {
     readC1();
     controls().XGrid->setFocus();
     controls().XGrid->setRow(1);
@@ -84,7 +84,7 @@ TEST_F(SafetyTest, TheKeyboardComesBackAfterACommand) {
     EXPECT_TRUE(controls().XGrid->isAncestorOf(QApplication::focusWidget()));
 }
 
-TEST_F(SafetyTest, MissingDatesGetTheFocus) {
+TEST_P(SafetyTest, MissingDatesGetTheFocus) {
     enter(*controls().TxtCodigo, u"C9"_s);
     enter(*controls().FecIni, u"01/01/2007"_s);
     enterCell(*controls().XGrid, 1, 1, u"Todos"_s);
@@ -93,7 +93,7 @@ TEST_F(SafetyTest, MissingDatesGetTheFocus) {
     EXPECT_TRUE(controls().FecFin->hasFocus());
 }
 
-TEST_F(SafetyTest, AnEndDateBelowTheFirstDayIsRefusedAndGetsTheFocus) {
+TEST_P(SafetyTest, AnEndDateBelowTheFirstDayIsRefusedAndGetsTheFocus) {
     enter(*controls().TxtCodigo, u"C9"_s);
     enter(*controls().FecIni, u"01/01/2007"_s);
     enter(*controls().FecFin, u"01/01/1902"_s);
@@ -105,7 +105,7 @@ TEST_F(SafetyTest, AnEndDateBelowTheFirstDayIsRefusedAndGetsTheFocus) {
     EXPECT_TRUE(controls().FecFin->hasFocus());
 }
 
-TEST_F(SafetyTest, AHostsNewRecordEndsTheEditOfTheOldOne) {
+TEST_P(SafetyTest, AHostsNewRecordEndsTheEditOfTheOldOne) {
     readC1();
     controls().XGrid->setFocus();
     controls().XGrid->setRow(1);
@@ -117,7 +117,7 @@ TEST_F(SafetyTest, AHostsNewRecordEndsTheEditOfTheOldOne) {
     EXPECT_EQ(controls().XGrid->text(1, 1), QString());
 }
 
-TEST_F(SafetyTest, DeletingRowsWhileACellIsEdited) {
+TEST_P(SafetyTest, DeletingRowsWhileACellIsEdited) {
     readC1();
     enterCell(*controls().XGrid, 2, 1, u"Todos"_s);
     controls().XGrid->setFocus();
@@ -133,7 +133,7 @@ TEST_F(SafetyTest, DeletingRowsWhileACellIsEdited) {
     EXPECT_EQ(controls().XGrid->rows(), 2);
 }
 
-TEST_F(SafetyTest, ProgressIsSeenWhileACommandWorks) {
+TEST_P(SafetyTest, ProgressIsSeenWhileACommandWorks) {
     QStringList seen;
     context.Connection->setStatementObserver([&](const QString& sql) {
         if (sql.contains(u" Comisiones "_s))
@@ -150,3 +150,5 @@ TEST_F(SafetyTest, ProgressIsSeenWhileACommandWorks) {
                                  u"Eliminando registro ..."_s}));
     EXPECT_EQ(controls().StatusBar->text(panelMensaje), QString());
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, SafetyTest, testing::ValuesIn(allEngines), engineName);

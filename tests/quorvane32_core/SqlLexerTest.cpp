@@ -88,3 +88,12 @@ TEST(SqlLexer, ANulStandsInTextsOnly) {
                                 "SELECT 1 /*%1*/", "SELECT a%1 FROM t", "SELECT 1;%1"})
         EXPECT_EQ(selectError(QString::fromLatin1(refused).arg(nul)), ErrorRefusedStatement) << refused;
 }
+
+TEST(SqlLexer, AScriptFallsIntoItsStatements) {
+    EXPECT_EQ(
+        statementsOf(
+            "-- head; tail\nCREATE TABLE a (b TEXT DEFAULT ';');\n; INSERT INTO a VALUES (1) ;\n-- end"),
+        (QStringList{"-- head; tail\nCREATE TABLE a (b TEXT DEFAULT ';')", " INSERT INTO a VALUES (1) "}));
+    EXPECT_EQ(statementsOf("SELECT 1"), QStringList{"SELECT 1"});
+    EXPECT_EQ(statementsOf(" ; -- nothing"), QStringList());
+}

@@ -1,9 +1,11 @@
-// The real statements over the embedded database of the demonstration companies.
+// The real statements over the demonstration companies on each engine.
 #include "demo/Database.h"
 #include "reports/processing/ReportStatements.h"
 #include "tests/reports/ReportFixture.h"
+#include "tests/support/TestDatabase.h"
 #include <QMap>
 #include <cmath>
+#include <map>
 
 using namespace dalvora;
 using namespace dalvora::test;
@@ -13,22 +15,25 @@ namespace {
 
 /// The record at work on the demonstration database; the definitions of the tests are a plain list of every
 /// column that the statements give.
-class StoredReport : public testing::Test {
+class StoredReport : public testing::TestWithParam<TestEngine> {
 protected:
-    static void SetUpTestSuite() {
-        shared = new QTemporaryDir;
-        demo::createDemonstrationDatabase(path());
+    static void TearDownTestSuite() { shared.clear(); }
+    /// One demonstration database of each engine, since the tests only read it.
+    static const TestDatabase& demonstration() {
+        std::unique_ptr<TestDatabase>& database = shared[GetParam()];
+        if (!database) {
+            database = std::make_unique<TestDatabase>(GetParam());
+            quorvane::Connection loading;
+            loading.open(database->connectString());
+            demo::loadDemonstration(loading);
+        }
+        return *database;
     }
-    static void TearDownTestSuite() {
-        delete shared;
-        shared = nullptr;
-    }
-    static QString path() { return shared->filePath(u"quorvane.db"_s); }
 
     void SetUp() override {
         session.company = u"001"_s;
         session.user = u"demo"_s;
-        connection.open(u"Driver=sqlite;Database="_s + path());
+        connection.open(demonstration().connectString());
         table.ProgramName = u"VELTRANO"_s;
         table.setReport(
             std::make_unique<ReportProcessing>(table, session, ReportProcessing::Parts{folder.path()}));
@@ -138,7 +143,7 @@ protected:
     QStringList askedTotals(const QString& condition = u"1 = 1"_s) {
         const auto sum = [](const QString& column) {
             return u"cast(round(100 * sum(case when t.Clase like 'ncr%' then -1 else 1 end * "
-                   u"ifnull(d.%1, 0))) as integer)"_s.arg(column);
+                   u"coalesce(d.%1, 0))) as integer)"_s.arg(column);
         };
         return asked(
             u"select d.Vendedor, count(*), %1, %2, %3 from documento d join tipodocumento t on t.Empresa "
@@ -148,7 +153,7 @@ protected:
                                          sum(u"ComisionlPrecio"_s), session.company, condition));
     }
 
-    static inline QTemporaryDir* shared = nullptr;
+    static inline std::map<TestEngine, std::unique_ptr<TestDatabase>> shared;
     QTemporaryDir folder;
     QMap<QString, QStringList> names;
     MessageRecorder recorder;
@@ -160,7 +165,7 @@ protected:
 
 } // namespace
 
-TEST_F(StoredReport, TotalsOfEverySalespersonAreThoseOfTheDocuments) {
+TEST_P(StoredReport, TotalsOfEverySalespersonAreThoseOfTheDocuments) {
     ASSERT_EQ(process(u"Vendedor"_s), 0);
     EXPECT_EQ(rowCount(), 854);
     const QStringList found = totals();
@@ -168,7 +173,7 @@ TEST_F(StoredReport, TotalsOfEverySalespersonAreThoseOfTheDocuments) {
     EXPECT_EQ(found, askedTotals());
 }
 
-TEST_F(StoredReport, APeriodHoldsBothItsDays) {
+TEST_P(StoredReport, APeriodHoldsBothItsDays) {
     table.FechaIniFiltro = Date::fromYmd(1997, 7, 1);
     table.FechaFinFiltro = Date::fromYmd(1997, 9, 30);
     ASSERT_EQ(process(u"Vendedor"_s), 0);
@@ -185,7 +190,7 @@ TEST_F(StoredReport, APeriodHoldsBothItsDays) {
     EXPECT_EQ(last, Date::fromYmd(1997, 9, 30));
 }
 
-TEST_F(StoredReport, OneEndOfThePeriodCanBeOpen) {
+TEST_P(StoredReport, OneEndOfThePeriodCanBeOpen) {
     table.FechaFinFiltro = Date::fromYmd(1996, 12, 31);
     ASSERT_EQ(process(u"Vendedor"_s), 0);
     EXPECT_EQ(totals(), askedTotals(u"d.Fecha <= '1996-12-31'"_s));
@@ -195,12 +200,12 @@ TEST_F(StoredReport, OneEndOfThePeriodCanBeOpen) {
     EXPECT_EQ(totals(), askedTotals(u"d.Fecha >= '1998-01-01'"_s));
 }
 
-TEST_F(StoredReport, CreditNotesCountNegativeInAllThreeColumns) {
+TEST_P(StoredReport, CreditNotesCountNegativeInAllThreeColumns) {
     ASSERT_EQ(process(u"Vendedor"_s), 0);
-    const QStringList stored =
-        asked(u"select TipoDocto, Numero, Vendedor, ifnull(ComisionMonto, 0), ifnull(ComisionCantidad, 0), "
-              u"ifnull(ComisionlPrecio, 0) from documento where Empresa = '001' and TipoDocto = 'NCREDITO' "
-              u"order by Numero"_s);
+    const QStringList stored = asked(
+        u"select TipoDocto, Numero, Vendedor, coalesce(ComisionMonto, 0), coalesce(ComisionCantidad, 0), "
+        u"coalesce(ComisionlPrecio, 0) from documento where Empresa = '001' and TipoDocto = 'NCREDITO' "
+        u"order by Numero"_s);
     QStringList reported;
     bool anyMoney = false;
     for (qint64 row = 0; row < rowCount(); ++row) {
@@ -222,7 +227,7 @@ TEST_F(StoredReport, CreditNotesCountNegativeInAllThreeColumns) {
     EXPECT_TRUE(anyMoney);
 }
 
-TEST_F(StoredReport, UnissuedAndVoidedDocumentsAreLeftOut) {
+TEST_P(StoredReport, UnissuedAndVoidedDocumentsAreLeftOut) {
     session.company = u"002"_s;
     initialize();
     ASSERT_EQ(process(u"Vendedor"_s), 0);
@@ -231,7 +236,7 @@ TEST_F(StoredReport, UnissuedAndVoidedDocumentsAreLeftOut) {
     EXPECT_EQ(formula(u"CfgEmpresa"_s), u"\"Bebidas del Sur Ltda.\""_s);
 }
 
-TEST_F(StoredReport, CustomersComeWithTheirNames) {
+TEST_P(StoredReport, CustomersComeWithTheirNames) {
     ASSERT_EQ(process(u"Vendedor"_s), 0);
     for (qint64 row = 0; row < 20; ++row)
         EXPECT_EQ(
@@ -240,7 +245,7 @@ TEST_F(StoredReport, CustomersComeWithTheirNames) {
                   u"CtaCte = '%1'"_s.arg(text(row, u"idctacte"_s))));
 }
 
-TEST_F(StoredReport, TheHeadingIsThatOfTheCompany) {
+TEST_P(StoredReport, TheHeadingIsThatOfTheCompany) {
     table.FechaFinFiltro = Date::fromYmd(1997, 9, 30);
     ASSERT_EQ(process(u"Vendedor"_s), 0);
     const std::pair<const char*, const char*> data[] = {
@@ -261,7 +266,7 @@ TEST_F(StoredReport, TheHeadingIsThatOfTheCompany) {
     EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
-TEST_F(StoredReport, AUserNameWithAQuoteCostsTheHeadingOnly) {
+TEST_P(StoredReport, AUserNameWithAQuoteCostsTheHeadingOnly) {
     session.user = u"o'higgins"_s;
     ASSERT_EQ(process(u"Vendedor"_s), 0);
     const auto told = recorder.take();
@@ -270,7 +275,7 @@ TEST_F(StoredReport, AUserNameWithAQuoteCostsTheHeadingOnly) {
     EXPECT_EQ(rowCount(), 854);
 }
 
-TEST_F(StoredReport, SchemesComeInOrderWithTheirLines) {
+TEST_P(StoredReport, SchemesComeInOrderWithTheirLines) {
     ASSERT_EQ(process(u"Lista"_s), 0);
     EXPECT_EQ(
         QStringList{QString::number(rowCount())},
@@ -289,7 +294,7 @@ TEST_F(StoredReport, SchemesComeInOrderWithTheirLines) {
     EXPECT_FALSE(text(0, u"DescripcionDetalle"_s).isEmpty() && text(0, u"concepto"_s).isEmpty());
 }
 
-TEST_F(StoredReport, SchemesOverlapThePeriodAndHaveTheCode) {
+TEST_P(StoredReport, SchemesOverlapThePeriodAndHaveTheCode) {
     table.FechaIniFiltro = Date::fromYmd(1999, 3, 31);
     ASSERT_EQ(process(u"Lista"_s), 0);
     for (qint64 row = 0; row < rowCount(); ++row)
@@ -306,7 +311,7 @@ TEST_F(StoredReport, SchemesOverlapThePeriodAndHaveTheCode) {
     }
 }
 
-TEST_F(StoredReport, APeriodTurnedAroundHasNoDocuments) {
+TEST_P(StoredReport, APeriodTurnedAroundHasNoDocuments) {
     table.FechaIniFiltro = Date::fromYmd(1997, 9, 30);
     table.FechaFinFiltro = Date::fromYmd(1997, 7, 1);
     EXPECT_EQ(process(u"Vendedor"_s), -1);
@@ -315,7 +320,7 @@ TEST_F(StoredReport, APeriodTurnedAroundHasNoDocuments) {
         (std::vector<Message>{{u"No existen Comisiones para el código y rango de fechas indicado"_s, 16}}));
 }
 
-TEST_F(StoredReport, APeriodTurnedAroundHasTheSchemesThatHoldBothItsDays) {
+TEST_P(StoredReport, APeriodTurnedAroundHasTheSchemesThatHoldBothItsDays) {
     table.FechaIniFiltro = Date::fromYmd(1998, 1, 1);
     table.FechaFinFiltro = Date::fromYmd(1997, 12, 31);
     ASSERT_EQ(process(u"Lista"_s), 0);
@@ -327,7 +332,7 @@ TEST_F(StoredReport, APeriodTurnedAroundHasTheSchemesThatHoldBothItsDays) {
               u"'1998-01-01'"_s));
 }
 
-TEST_F(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
+TEST_P(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
     const QDir own(QStringLiteral(DALVORA_REPORTES));
     const QStringList files = own.entryList({u"*.rpt"_s});
     ASSERT_EQ(files.size(), 4);
@@ -346,7 +351,7 @@ TEST_F(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
     }
 }
 
-TEST_F(StoredReport, RowsBeingFetchedDoNotKeepTheRecordFromWriting) {
+TEST_P(StoredReport, RowsBeingFetchedDoNotKeepTheRecordFromWriting) {
     table.reportName = u"Vendedor"_s;
     ASSERT_EQ(table.CR_ProcessReport(), 0);
     connection.beginTrans();
@@ -356,7 +361,7 @@ TEST_F(StoredReport, RowsBeingFetchedDoNotKeepTheRecordFromWriting) {
     EXPECT_EQ(rowCount(), 854);
 }
 
-TEST_F(StoredReport, RowsBeingFetchedOutliveTheReportsConnection) {
+TEST_P(StoredReport, RowsBeingFetchedOutliveTheReportsConnection) {
     table.reportName = u"Vendedor"_s;
     ASSERT_EQ(table.CR_ProcessReport(), 0);
     ASSERT_EQ(table.CR_Disconnect(), 0);
@@ -364,3 +369,5 @@ TEST_F(StoredReport, RowsBeingFetchedOutliveTheReportsConnection) {
     EXPECT_EQ(rowCount(), 854);
     EXPECT_EQ(totals(), askedTotals());
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, StoredReport, testing::ValuesIn(allEngines), engineName);

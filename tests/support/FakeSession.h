@@ -9,7 +9,8 @@
 
 namespace dalvora::test {
 
-/// A session that is signed in: company 01, user ana, all rights. Its audit trail is a list that can be made to fail.
+/// A session that is signed in: company 01, user ana, all rights. Its audit trail is a list that can be made
+/// to fail.
 class FakeSession final : public quorvane::Session {
 public:
     void SetApplication(const quorvane::ApplicationInfo&) override {}

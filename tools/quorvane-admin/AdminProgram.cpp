@@ -1,5 +1,6 @@
 #include "tools/quorvane-admin/AdminProgram.h"
 
+#include "demo/Database.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
@@ -19,6 +20,7 @@ constexpr int usualAuditEntries = 50;
 
 /// What an order works with.
 struct Desk {
+    Connection& connection;
     Administration administration;
     QTextStream& out;
     std::function<QString()> password;
@@ -79,6 +81,16 @@ void showAudit(Desk& desk, const QStringList& arguments) {
                  << QString::number(entry.code).rightJustified(3) << "  " << entry.text << '\n';
 }
 
+void createTables(Desk& desk, const QStringList&) {
+    dalvora::demo::createTables(desk.connection);
+    desk.out << QStringLiteral("Tablas creadas.\n");
+}
+
+void loadDemonstration(Desk& desk, const QStringList&) {
+    dalvora::demo::loadDemonstration(desk.connection);
+    desk.out << QStringLiteral("Empresas de demostración 001 y 002 cargadas, con sus usuarios.\n");
+}
+
 struct Order {
     const char16_t* name;
     const char* arguments;
@@ -90,6 +102,8 @@ struct Order {
 };
 
 constexpr Order orders[] = {
+    {u"tablas", "", "crea las tablas en una base de datos vacía", 0, 0, 0, createTables},
+    {u"demostracion", "", "carga las empresas de demostración y sus usuarios", 0, 0, 0, loadDemonstration},
     {u"usuarios", "", "lista los usuarios con sus derechos", 0, 0, 0, listUsers},
     {u"alta", "USUARIO [NOMBRE]", "crea un usuario; lee su contraseña", 1, 2, AuditCreate, addUser},
     {u"baja", "USUARIO", "elimina un usuario con sus derechos", 1, 1, AuditDelete, removeUser},
@@ -155,9 +169,11 @@ int AdminProgram::perform(const QString& folder, const QStringList& order) {
     const QString connectString = Profile::load(folder).resolvedConnectString(folder);
     Connection connection;
     connection.open(connectString);
-    Accounts(connection).checkLayout(ConnectString::parse(connectString).value(QStringLiteral("database")));
-    Desk desk{Administration(connection), m_out, m_password};
     const Order& found = *orderNamed(order[0]);
+    if (found.perform != createTables)
+        Accounts(connection)
+            .checkLayout(ConnectString::parse(connectString).value(QStringLiteral("database")));
+    Desk desk{connection, Administration(connection), m_out, m_password};
     const QStringList arguments = order.mid(1);
     found.perform(desk, arguments);
     if (found.audit != 0)

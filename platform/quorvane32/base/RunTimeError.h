@@ -43,6 +43,7 @@ enum RunTimeErrorNumber : int {
     ErrorDeadlock = 1205,
     ErrorLockTimeout = 1222,
     ErrorDuplicateKey = 2627,
+    ErrorObjectExists = 2714,
     ErrorNoCurrentRecord = 3021,
     ErrorItemNotFound = 3265,
     ErrorDatabaseFormat = 3343,

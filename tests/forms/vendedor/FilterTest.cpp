@@ -19,13 +19,13 @@ protected:
     QString before;
 };
 
-TEST_F(SalespeopleFilter, AllAreReadWithTheStatementToTheLetter) {
+TEST_P(SalespeopleFilter, AllAreReadWithTheStatementToTheLetter) {
     filter(u""_s);
     EXPECT_EQ(statements,
               QStringList{u"select * from gen_tabcod where tipo = 'gen_vendedor'  and empresa = '01' "_s});
 }
 
-TEST_F(SalespeopleFilter, APrefixListsTheCodesThatBeginWithIt) {
+TEST_P(SalespeopleFilter, APrefixListsTheCodesThatBeginWithIt) {
     filter(u"12"_s);
     EXPECT_EQ(shown(), (QStringList{u"12|Luis Díaz|"_s, u"123|Eva Ríos|"_s}));
     EXPECT_EQ(statements,
@@ -33,7 +33,7 @@ TEST_F(SalespeopleFilter, APrefixListsTheCodesThatBeginWithIt) {
                           "and codigo like '12%' "_s});
 }
 
-TEST_F(SalespeopleFilter, BlanksAroundItDoNotCount) {
+TEST_P(SalespeopleFilter, BlanksAroundItDoNotCount) {
     filter(u"  12 "_s);
     EXPECT_TRUE(statements.value(0).endsWith(u"and codigo like '12%' "_s));
     filter(u"   "_s);
@@ -41,14 +41,14 @@ TEST_F(SalespeopleFilter, BlanksAroundItDoNotCount) {
     EXPECT_TRUE(statements.value(1).endsWith(u"and empresa = '01' "_s));
 }
 
-TEST_F(SalespeopleFilter, ItsTextEntersUnchanged) {
+TEST_P(SalespeopleFilter, ItsTextEntersUnchanged) {
     filter(u"$EMPRESA$"_s);
     EXPECT_TRUE(statements.value(0).endsWith(u"and codigo like '$EMPRESA$%' "_s));
     filter(u"%3"_s);
     EXPECT_EQ(shown(), QStringList{u"123|Eva Ríos|"_s});
 }
 
-TEST_F(SalespeopleFilter, ALonelyQuoteIsAnErrorAndTheFormStaysUsable) {
+TEST_P(SalespeopleFilter, ALonelyQuoteIsAnErrorAndTheFormStaysUsable) {
     filter(u"O'Higgins"_s);
     const auto told = recorder.take();
     ASSERT_EQ(told.size(), 1U);
@@ -59,7 +59,7 @@ TEST_F(SalespeopleFilter, ALonelyQuoteIsAnErrorAndTheFormStaysUsable) {
     expectUsable();
 }
 
-TEST_F(SalespeopleFilter, TheCompanyCodeStandsAsItIs) {
+TEST_P(SalespeopleFilter, TheCompanyCodeStandsAsItIs) {
     session->company = u"0'1"_s;
     filter(u""_s);
     EXPECT_TRUE(statements.value(0).contains(u"empresa = '0'1'"_s));
@@ -68,7 +68,7 @@ TEST_F(SalespeopleFilter, TheCompanyCodeStandsAsItIs) {
     expectUsable();
 }
 
-TEST_F(SalespeopleFilter, NothingTypedCanChangeOrDestroyAnything) {
+TEST_P(SalespeopleFilter, NothingTypedCanChangeOrDestroyAnything) {
     const QStringList attempts{
         u"'; delete from gen_tabcod; --"_s,
         u"'; delete from gen_tabcod where '%' = '"_s,
@@ -107,7 +107,7 @@ TEST_F(SalespeopleFilter, NothingTypedCanChangeOrDestroyAnything) {
     execute(u"update gen_tabcod set texto = '' where empresa = '01' and codigo = '12'"_s);
 }
 
-TEST_F(SalespeopleFilter, RowsOfOthersThatATrickListsAreNotWritten) {
+TEST_P(SalespeopleFilter, RowsOfOthersThatATrickListsAreNotWritten) {
     loadScheme(u"C1"_s);
     filter(u"' or 1=1 --"_s);
     expectSilence();
@@ -121,5 +121,7 @@ TEST_F(SalespeopleFilter, RowsOfOthersThatATrickListsAreNotWritten) {
     EXPECT_EQ(rows(u"select texto from gen_tabcod where empresa = '02' or tipo = 'gen_zona' order by 1"_s),
               (QStringList{u"OTRA"_s, u"ZONA"_s}));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleFilter, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

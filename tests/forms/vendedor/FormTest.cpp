@@ -8,7 +8,7 @@ namespace dalvora::test {
 
 class SalespeopleForm : public VendedorTest {};
 
-TEST_F(SalespeopleForm, ListsTheCompanysSalespeopleWhenItOpens) {
+TEST_P(SalespeopleForm, ListsTheCompanysSalespeopleWhenItOpens) {
     open();
     expectSilence();
     EXPECT_EQ(form->windowTitle(), u"Asignación de Comisiones a Vendedores"_s);
@@ -20,7 +20,7 @@ TEST_F(SalespeopleForm, ListsTheCompanysSalespeopleWhenItOpens) {
     EXPECT_EQ(session->audits.size(), 0U) << "the list leaves no trace in the audit trail";
 }
 
-TEST_F(SalespeopleForm, StatusPanelsShowTheSchemeAndLeaveTheCompanyBlank) {
+TEST_P(SalespeopleForm, StatusPanelsShowTheSchemeAndLeaveTheCompanyBlank) {
     loadScheme(u"C1"_s);
     open();
     EXPECT_EQ(panel(panelMensaje), u"Comisión: C1"_s);
@@ -28,7 +28,7 @@ TEST_F(SalespeopleForm, StatusPanelsShowTheSchemeAndLeaveTheCompanyBlank) {
     EXPECT_EQ(panel(panelEmpresa), QString());
 }
 
-TEST_F(SalespeopleForm, ShowsTheSchemeThatTheMainFormHasWhenComingBack) {
+TEST_P(SalespeopleForm, ShowsTheSchemeThatTheMainFormHasWhenComingBack) {
     loadScheme(u"C1"_s);
     open();
     QWidget other;
@@ -41,7 +41,7 @@ TEST_F(SalespeopleForm, ShowsTheSchemeThatTheMainFormHasWhenComingBack) {
     EXPECT_EQ(panel(panelMensaje), u"Comisión: C2"_s);
 }
 
-TEST_F(SalespeopleForm, ControlsHaveTheirNames) {
+TEST_P(SalespeopleForm, ControlsHaveTheirNames) {
     for (const char* name :
          {"frmFiltro", "Label3", "TxtCodigo", "XGrid", "picYes", "CmdAsignar", "cmdSeleccinar", "SB",
           "txtDDE", "L_Sec", "List1", "List2", "List3", "Ls_CodOri", "Ls_Origen", "Ls_tipcom", "Ls_Codtip"})
@@ -52,7 +52,7 @@ TEST_F(SalespeopleForm, ControlsHaveTheirNames) {
     EXPECT_EQ(controls().cmdSeleccinar->text(), u"&Seleccionar"_s);
 }
 
-TEST_F(SalespeopleForm, UnusedControlsStayHidden) {
+TEST_P(SalespeopleForm, UnusedControlsStayHidden) {
     open();
     for (const char* name : {"picYes", "txtDDE", "L_Sec", "List1", "List2", "List3", "Ls_CodOri", "Ls_Origen",
                              "Ls_tipcom", "Ls_Codtip"})
@@ -60,7 +60,7 @@ TEST_F(SalespeopleForm, UnusedControlsStayHidden) {
     EXPECT_FALSE(controls().picYes->pixmap().isNull());
 }
 
-TEST_F(SalespeopleForm, MenuReadsLikeTheManual) {
+TEST_P(SalespeopleForm, MenuReadsLikeTheManual) {
     const QList<QAction*> titles = form->menuBar()->actions();
     ASSERT_EQ(titles.size(), 1);
     EXPECT_EQ(titles[0]->text(), u"&Administración"_s);
@@ -71,7 +71,7 @@ TEST_F(SalespeopleForm, MenuReadsLikeTheManual) {
                                   u"It_Integra A&signar"_s, u"sale &Salir"_s}));
 }
 
-TEST_F(SalespeopleForm, GridHasItsColumns) {
+TEST_P(SalespeopleForm, GridHasItsColumns) {
     open();
     ASSERT_EQ(grid().cols(), 4);
     QStringList captions;
@@ -86,7 +86,7 @@ TEST_F(SalespeopleForm, GridHasItsColumns) {
     EXPECT_EQ(grid().fourthColor(), 0xFFCECEU);
 }
 
-TEST_F(SalespeopleForm, CaptionRowIsTinted) {
+TEST_P(SalespeopleForm, CaptionRowIsTinted) {
     open();
     auto* header = grid().findChild<QTableView*>()->horizontalHeader();
     const QImage picture = header->viewport()->grab().toImage();
@@ -95,7 +95,7 @@ TEST_F(SalespeopleForm, CaptionRowIsTinted) {
                   QColor(0xE0, 0xE0, 0xFF));
 }
 
-TEST_F(SalespeopleForm, ControlsFollowTheSizeOfTheForm) {
+TEST_P(SalespeopleForm, ControlsFollowTheSizeOfTheForm) {
     open();
     form->resize(1000, 700);
     QCoreApplication::processEvents();
@@ -108,7 +108,7 @@ TEST_F(SalespeopleForm, ControlsFollowTheSizeOfTheForm) {
     EXPECT_EQ(grid().column(2).width(), frame * 15 - (200 + 2500 + 2000) - 500);
 }
 
-TEST_F(SalespeopleForm, ControlsDoNotOverlap) {
+TEST_P(SalespeopleForm, ControlsDoNotOverlap) {
     open();
     for (const QSize size : {QSize(600, 400), QSize(760, 520), QSize(1400, 900)}) {
         form->resize(size);
@@ -121,7 +121,7 @@ TEST_F(SalespeopleForm, ControlsDoNotOverlap) {
     }
 }
 
-TEST_F(SalespeopleForm, IsNeverSmallerThanItsLeastSize) {
+TEST_P(SalespeopleForm, IsNeverSmallerThanItsLeastSize) {
     open();
     form->resize(500, 300);
     EXPECT_TRUE(QTest::qWaitFor([this] { return form->size() == QSize(600, 400); }));
@@ -129,7 +129,7 @@ TEST_F(SalespeopleForm, IsNeverSmallerThanItsLeastSize) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return form->size() == QSize(800, 400); }));
 }
 
-TEST_F(SalespeopleForm, ClosingUnloadsAndOpeningLoadsAgain) {
+TEST_P(SalespeopleForm, ClosingUnloadsAndOpeningLoadsAgain) {
     open();
     filter(u"12"_s);
     clickCell(1, 1);
@@ -143,7 +143,7 @@ TEST_F(SalespeopleForm, ClosingUnloadsAndOpeningLoadsAgain) {
     expectTold({{u"Debe seleccionar vendedores para asignarles la comisión"_s, 64}});
 }
 
-TEST_F(SalespeopleForm, OpeningItAgainWhileOpenKeepsTheMarks) {
+TEST_P(SalespeopleForm, OpeningItAgainWhileOpenKeepsTheMarks) {
     openSilently();
     clickCell(2, 1);
     form->open();
@@ -151,7 +151,7 @@ TEST_F(SalespeopleForm, OpeningItAgainWhileOpenKeepsTheMarks) {
     EXPECT_EQ(statements, QStringList());
 }
 
-TEST_F(SalespeopleForm, RefreshingShowsWhatOthersChanged) {
+TEST_P(SalespeopleForm, RefreshingShowsWhatOthersChanged) {
     openSilently();
     execute(u"update gen_tabcod set descripcion = 'Otra' where empresa = '01' and codigo = '11'"_s);
     controls().menuItem(u"mnuRefrescar").trigger();
@@ -168,7 +168,7 @@ TEST_F(SalespeopleForm, RefreshingShowsWhatOthersChanged) {
     EXPECT_EQ(statements.size(), 4);
 }
 
-TEST_F(SalespeopleForm, WithoutReadPermissionTheGridKeepsWhatItShowed) {
+TEST_P(SalespeopleForm, WithoutReadPermissionTheGridKeepsWhatItShowed) {
     openSilently();
     clickCell(1, 1);
     for (const QString& rights : {u"rWXD"_s, u""_s, u" R"_s, u"WR"_s}) {
@@ -182,7 +182,7 @@ TEST_F(SalespeopleForm, WithoutReadPermissionTheGridKeepsWhatItShowed) {
     expectTold({{u"Debe seleccionar vendedores para asignarles la comisión"_s, 64}});
 }
 
-TEST_F(SalespeopleForm, WithoutReadPermissionItOpensEmpty) {
+TEST_P(SalespeopleForm, WithoutReadPermissionItOpensEmpty) {
     session->rights = u"r"_s;
     open();
     expectTold({{u"Usuario No Tiene Permiso de Lectura"_s, 16}});
@@ -190,11 +190,13 @@ TEST_F(SalespeopleForm, WithoutReadPermissionItOpensEmpty) {
     EXPECT_EQ(panel(panelMensaje), u"Comisión: "_s);
 }
 
-TEST_F(SalespeopleForm, AnErrorOfTheSessionIsTold) {
+TEST_P(SalespeopleForm, AnErrorOfTheSessionIsTold) {
     openSilently();
     session->rightsError = quorvane::RunTimeError(quorvane::ErrorLockTimeout, u"Ocupado"_s);
     controls().menuItem(u"mnuRefrescar").trigger();
     expectTold({{u"Ocupado"_s, 16}});
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleForm, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

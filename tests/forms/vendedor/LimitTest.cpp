@@ -14,13 +14,15 @@ class SalespeopleLimit : public VendedorTest {
 protected:
     /// Brings company 01 to this number of salespeople.
     void haveSalespeople(int count) {
-        execute(u"with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) "
-                "insert into gen_tabcod (Empresa, Tipo, Codigo, Descripcion) "
-                "select '01', 'gen_vendedor', printf('S%05d', i), 'Vendedor ' || i from n"_s.arg(count - 5));
+        execute(
+            u"with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) "
+            "insert into gen_tabcod (Empresa, Tipo, Codigo, Descripcion) "
+            "select '01', 'gen_vendedor', 'S' || substr(cast(100000 + i as text), 2), 'Vendedor ' || i from n"_s
+                .arg(count - 5));
     }
 };
 
-TEST_F(SalespeopleLimit, OneLessThanTheLimitIsListedInSilence) {
+TEST_P(SalespeopleLimit, OneLessThanTheLimitIsListedInSilence) {
     haveSalespeople(4999);
     open();
     expectSilence();
@@ -28,7 +30,7 @@ TEST_F(SalespeopleLimit, OneLessThanTheLimitIsListedInSilence) {
     EXPECT_EQ(grid().row(), 1);
 }
 
-TEST_F(SalespeopleLimit, ExactlyTheLimitIsListedWithTheMessage) {
+TEST_P(SalespeopleLimit, ExactlyTheLimitIsListedWithTheMessage) {
     haveSalespeople(5000);
     open();
     expectTold({limitMessage});
@@ -37,7 +39,7 @@ TEST_F(SalespeopleLimit, ExactlyTheLimitIsListedWithTheMessage) {
     EXPECT_EQ(panel(panelMensaje), u"Comisión: "_s);
 }
 
-TEST_F(SalespeopleLimit, MoreThanTheLimitStopsThere) {
+TEST_P(SalespeopleLimit, MoreThanTheLimitStopsThere) {
     haveSalespeople(5001);
     open();
     expectTold({limitMessage});
@@ -50,7 +52,7 @@ TEST_F(SalespeopleLimit, MoreThanTheLimitStopsThere) {
     EXPECT_EQ(grid().rows(), 8);
 }
 
-TEST_F(SalespeopleLimit, AllOfThemAreAssignedAtOnce) {
+TEST_P(SalespeopleLimit, AllOfThemAreAssignedAtOnce) {
     haveSalespeople(5001);
     loadScheme(u"C1"_s);
     open();
@@ -64,5 +66,7 @@ TEST_F(SalespeopleLimit, AllOfThemAreAssignedAtOnce) {
     EXPECT_EQ(rows(u"select count(*) from gen_tabcod where texto = 'C1'"_s), QStringList{u"5000"_s});
     EXPECT_EQ(grid().text(5000, 3), u"C1"_s);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleLimit, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

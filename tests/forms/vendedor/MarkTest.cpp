@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(SalespeopleMarks, AClickMarksAndAnotherUnmarks) {
+TEST_P(SalespeopleMarks, AClickMarksAndAnotherUnmarks) {
     clickCell(2, SalespeopleList::Codigo);
     EXPECT_EQ(marks(), u"-*---"_s);
     EXPECT_EQ(form->list().markedCount(), 1);
@@ -29,39 +29,39 @@ TEST_F(SalespeopleMarks, AClickMarksAndAnotherUnmarks) {
     EXPECT_EQ(statements, QStringList());
 }
 
-TEST_F(SalespeopleMarks, AClickOnTheMarkColumnItselfMarksToo) {
+TEST_P(SalespeopleMarks, AClickOnTheMarkColumnItselfMarksToo) {
     clickCell(3, SalespeopleList::Mark);
     EXPECT_EQ(marks(), u"--*--"_s);
     EXPECT_EQ(grid().row(), 3);
     EXPECT_EQ(grid().col(), SalespeopleList::Codigo) << "the cursor never stands in a fixed column";
 }
 
-TEST_F(SalespeopleMarks, TheCurrentColumnStays) {
+TEST_P(SalespeopleMarks, TheCurrentColumnStays) {
     clickCell(3, SalespeopleList::Comision);
     EXPECT_EQ(grid().col(), SalespeopleList::Comision);
 }
 
-TEST_F(SalespeopleMarks, ADoubleClickIsOneClick) {
+TEST_P(SalespeopleMarks, ADoubleClickIsOneClick) {
     QWidget* viewport = grid().findChild<QTableView*>()->viewport();
     QTest::mouseClick(viewport, Qt::LeftButton, {}, cell(2, 1).center());
     QTest::mouseDClick(viewport, Qt::LeftButton, {}, cell(2, 1).center());
     EXPECT_EQ(marks(), u"-*---"_s);
 }
 
-TEST_F(SalespeopleMarks, AClickOnTheCaptionRowDoesNothing) {
+TEST_P(SalespeopleMarks, AClickOnTheCaptionRowDoesNothing) {
     auto* header = grid().findChild<QTableView*>()->horizontalHeader();
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(60, 5));
     EXPECT_EQ(marks(), u"-----"_s);
     EXPECT_EQ(form->list().markedCount(), 0);
 }
 
-TEST_F(SalespeopleMarks, AClickBelowTheRowsDoesNothing) {
+TEST_P(SalespeopleMarks, AClickBelowTheRowsDoesNothing) {
     QWidget* viewport = grid().findChild<QTableView*>()->viewport();
     QTest::mouseClick(viewport, Qt::LeftButton, {}, cell(5, 1).center() + QPoint(0, 60));
     EXPECT_EQ(marks(), u"-----"_s);
 }
 
-TEST_F(SalespeopleMarks, OtherButtonsAndShiftDoNotMark) {
+TEST_P(SalespeopleMarks, OtherButtonsAndShiftDoNotMark) {
     QWidget* viewport = grid().findChild<QTableView*>()->viewport();
     QTest::mouseClick(viewport, Qt::RightButton, {}, cell(2, 1).center());
     clickCell(4, 1, Qt::ShiftModifier);
@@ -69,7 +69,7 @@ TEST_F(SalespeopleMarks, OtherButtonsAndShiftDoNotMark) {
     EXPECT_EQ(grid().rowSel(), 2);
 }
 
-TEST_F(SalespeopleMarks, SpaceMarksTheCurrentRow) {
+TEST_P(SalespeopleMarks, SpaceMarksTheCurrentRow) {
     grid().setFocus();
     press(Qt::Key_Down);
     press(Qt::Key_Space);
@@ -79,7 +79,7 @@ TEST_F(SalespeopleMarks, SpaceMarksTheCurrentRow) {
     EXPECT_EQ(form->list().markedCount(), 0);
 }
 
-TEST_F(SalespeopleMarks, RangeInvertsEachRowOfTheSelection) {
+TEST_P(SalespeopleMarks, RangeInvertsEachRowOfTheSelection) {
     clickCell(2, 1);
     selectFirstRows(3);
     clickButton(controls().cmdSeleccinar);
@@ -90,7 +90,7 @@ TEST_F(SalespeopleMarks, RangeInvertsEachRowOfTheSelection) {
     EXPECT_EQ(panel(panelMensaje), u"Comisión: "_s);
 }
 
-TEST_F(SalespeopleMarks, RangeWorksFromTheMenuAndItsKeys) {
+TEST_P(SalespeopleMarks, RangeWorksFromTheMenuAndItsKeys) {
     selectFirstRows(2);
     controls().menuItem(u"It_Sel").trigger();
     EXPECT_EQ(marks(), u"**---"_s);
@@ -99,13 +99,13 @@ TEST_F(SalespeopleMarks, RangeWorksFromTheMenuAndItsKeys) {
     EXPECT_EQ(marks(), u"--**-"_s);
 }
 
-TEST_F(SalespeopleMarks, RangeWithoutASelectionTogglesTheCurrentRow) {
+TEST_P(SalespeopleMarks, RangeWithoutASelectionTogglesTheCurrentRow) {
     grid().setRow(4);
     clickButton(controls().cmdSeleccinar);
     EXPECT_EQ(marks(), u"---*-"_s);
 }
 
-TEST_F(SalespeopleMarks, ASelectionMadeUpwardsIsARangeToo) {
+TEST_P(SalespeopleMarks, ASelectionMadeUpwardsIsARangeToo) {
     grid().setFocus();
     grid().setRow(5);
     press(Qt::Key_Up, Qt::ShiftModifier);
@@ -114,14 +114,14 @@ TEST_F(SalespeopleMarks, ASelectionMadeUpwardsIsARangeToo) {
     EXPECT_EQ(marks(), u"--***"_s);
 }
 
-TEST_F(SalespeopleMarks, DraggingSelectsARangeWithoutMarking) {
+TEST_P(SalespeopleMarks, DraggingSelectsARangeWithoutMarking) {
     dragCells(2, 4);
     EXPECT_EQ(marks(), u"-----"_s);
     clickButton(controls().cmdSeleccinar);
     EXPECT_EQ(marks(), u"-***-"_s);
 }
 
-TEST_F(SalespeopleMarks, SelectingEverythingIsARangeOverAllRows) {
+TEST_P(SalespeopleMarks, SelectingEverythingIsARangeOverAllRows) {
     grid().setFocus();
     grid().setRow(3);
     press(Qt::Key_A, Qt::ControlModifier);
@@ -129,7 +129,7 @@ TEST_F(SalespeopleMarks, SelectingEverythingIsARangeOverAllRows) {
     EXPECT_EQ(marks(), u"*****"_s);
 }
 
-TEST_F(SalespeopleMarks, RangeOverAnEmptyListDoesNothing) {
+TEST_P(SalespeopleMarks, RangeOverAnEmptyListDoesNothing) {
     filter(u"zz"_s);
     ASSERT_EQ(grid().rows(), 1);
     clickButton(controls().cmdSeleccinar);
@@ -137,7 +137,7 @@ TEST_F(SalespeopleMarks, RangeOverAnEmptyListDoesNothing) {
     expectSilence();
 }
 
-TEST_F(SalespeopleMarks, ARowThatSaysErrorIsRefused) {
+TEST_P(SalespeopleMarks, ARowThatSaysErrorIsRefused) {
     execute(u"update gen_tabcod set descripcion = 'Error de carga' where empresa = '01' and codigo = '12'"_s);
     form->Refresh();
     clickCell(2, 1);
@@ -146,14 +146,14 @@ TEST_F(SalespeopleMarks, ARowThatSaysErrorIsRefused) {
     EXPECT_EQ(form->list().markedCount(), 0);
 }
 
-TEST_F(SalespeopleMarks, ReadingAgainTakesTheMarksAway) {
+TEST_P(SalespeopleMarks, ReadingAgainTakesTheMarksAway) {
     clickCell(2, 1);
     controls().menuItem(u"mnuRefrescar").trigger();
     EXPECT_EQ(marks(), u"-----"_s);
     EXPECT_EQ(form->list().markedCount(), 0);
 }
 
-TEST_F(SalespeopleMarks, TheMarkIsSeenInItsCell) {
+TEST_P(SalespeopleMarks, TheMarkIsSeenInItsCell) {
     clickCell(2, 1);
     grid().setRow(5);
     const QImage picture = grid().findChild<QTableView*>()->viewport()->grab().toImage();
@@ -170,7 +170,7 @@ TEST_F(SalespeopleMarks, TheMarkIsSeenInItsCell) {
     EXPECT_EQ(greenPixels(cell(1, 0)), 0);
 }
 
-TEST_F(SalespeopleMarks, TheMarkIsHeard) {
+TEST_P(SalespeopleMarks, TheMarkIsHeard) {
     clickCell(2, 1);
     auto* table = QAccessible::queryAccessibleInterface(grid().findChild<QTableView*>());
     ASSERT_NE(table, nullptr);
@@ -178,11 +178,13 @@ TEST_F(SalespeopleMarks, TheMarkIsHeard) {
     EXPECT_EQ(table->child(0)->text(QAccessible::Name), QString());
 }
 
-TEST_F(SalespeopleMarks, NothingCanBeTypedIntoTheGrid) {
+TEST_P(SalespeopleMarks, NothingCanBeTypedIntoTheGrid) {
     grid().setFocus();
     press(Qt::Key_X);
     press(Qt::Key_F2);
     EXPECT_FALSE(grid().isEditing());
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleMarks, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

@@ -1,12 +1,7 @@
 #include "tests/forms/vendedor/VendedorTest.h"
-#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
-#include "sql/Schema.h"
 #include <QApplication>
-#include <sqlite3.h>
 
 namespace dalvora::test {
-
-using quorvane::sqlite::Access;
 
 namespace {
 
@@ -19,22 +14,14 @@ INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Descripcion, Texto, Valor1, Valor
  ('01', 'gen_zona', '11', 'Zona', 'ZONA', 0, 0);
 )";
 
-QString databasePath(const QTemporaryDir& folder) {
-    return folder.filePath(u"erp.db"_s);
-}
-
 } // namespace
 
 VendedorTest::VendedorTest() {
-    {
-        const auto database = quorvane::sqlite::open(databasePath(folder), Access::Create, 1000);
-        quorvane::sqlite::run(database.get(), erpTables());
-        quorvane::sqlite::run(database.get(), seed);
-    }
+    database.run(QString::fromUtf8(seed));
     context.Connection = std::make_unique<quorvane::Connection>([this](const QString& connectString) {
         return std::make_unique<FailEngine>(quorvane::openEngine(connectString), fail);
     });
-    context.Connection->open(u"Driver=sqlite;Database=%1;Timeout=200"_s.arg(databasePath(folder)));
+    context.Connection->open(database.connectString(200));
     auto fake = std::make_unique<FakeSession>();
     session = fake.get();
     context.Session = std::move(fake);
@@ -116,28 +103,34 @@ QStringList VendedorTest::shown() {
 }
 
 QStringList VendedorTest::rows(const QString& select) {
-    const auto database = quorvane::sqlite::open(databasePath(folder), Access::ReadWrite, 1000);
-    const auto statement = quorvane::sqlite::prepare(database.get(), select.toUtf8());
+    quorvane::Connection connection;
+    connection.open(database.connectString());
     QStringList result;
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
+    for (auto row = connection.openRecordset(select); !row.eof(); row.moveNext()) {
         QStringList values;
-        for (int i = 0; i < sqlite3_column_count(statement.get()); ++i)
-            values << QString::fromUtf8(
-                reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), i)));
+        for (int i = 0; i < row.fieldCount(); ++i)
+            values << (row.value(i).isNull() ? QString() : row.value(i).toText({}));
         result << values.join(u'|');
     }
     return result;
 }
 
 void VendedorTest::execute(const QString& statement) {
-    const auto database = quorvane::sqlite::open(databasePath(folder), Access::ReadWrite, 1000);
-    quorvane::sqlite::run(database.get(), statement.toUtf8());
+    database.run(statement);
 }
 
 QString VendedorTest::wholeDatabase() {
-    QString all = rows(u"select name, sql from sqlite_master order by name"_s).join(u'\n');
-    for (const QString& table : rows(u"select name from sqlite_master where type = 'table' order by name"_s))
-        all += u'\n' + table + u'\n' + rows(u"select * from "_s + table).join(u'\n');
+    const QString catalogue =
+        GetParam() == TestEngine::Sqlite
+            ? u"select name, sql from sqlite_master where type = 'table' order by name"_s
+            : u"select c.relname, count(*) from pg_class c, pg_attribute a where a.attrelid = c.oid and "
+              "c.relkind = 'r' and c.relnamespace = 'public'::regnamespace group by c.relname order by 1"_s;
+    QString all;
+    for (const QString& table : rows(catalogue)) {
+        QStringList content = rows(u"select * from "_s + table.section(u'|', 0, 0));
+        content.sort();
+        all += table + u'\n' + content.join(u'\n') + u'\n';
+    }
     return all;
 }
 

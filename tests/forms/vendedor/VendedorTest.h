@@ -9,8 +9,8 @@
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/TestDatabase.h"
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -18,10 +18,10 @@ namespace dalvora::test {
 
 using namespace Qt::StringLiterals;
 
-/// The real salespeople form over a real embedded database in a folder of its own, used with real key and
+/// The real salespeople form over a real database of each engine, used with real key and
 /// mouse events. Company 01 has the salespeople 11 to 15, company 02 has one of code 11. The engine fails
 /// where `fail` says, the record holds no scheme.
-class VendedorTest : public testing::Test {
+class VendedorTest : public testing::TestWithParam<TestEngine> {
 protected:
     VendedorTest();
     ~VendedorTest() override;
@@ -56,7 +56,7 @@ protected:
     void expectTold(const std::vector<Message>& expected) { EXPECT_EQ(recorder.take(), expected); }
     void expectSilence() { expectTold({}); }
 
-    QTemporaryDir folder;
+    TestDatabase database{GetParam()};
     MessageRecorder recorder;
     FailPlan fail;
     SessionContext context;

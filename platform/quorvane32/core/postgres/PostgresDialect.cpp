@@ -57,7 +57,8 @@ private:
             throw RunTimeError(ErrorInvalidCall,
                                QStringLiteral("La base de datos no guarda textos con el carácter nulo"));
         // Touching a word or "&" it could become a text with escapes.
-        if (!out.isEmpty() && !out.back().isSpace() && out.back() != u'(' && out.back() != u',')
+        const QChar last = out.isEmpty() ? QChar(u' ') : out.back();
+        if (last.isLetterOrNumber() || last == u'_' || last == u'&')
             out += u' ';
         const std::size_t before = previousSignificant(i);
         if (isWord(before, u"as"))

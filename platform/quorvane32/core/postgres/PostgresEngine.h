@@ -9,7 +9,7 @@ namespace quorvane::postgres {
 
 /// A PostgreSQL server, version 13 or later. Connect string: Driver=postgresql;Host=...;Database=...;User=...
 /// [;Port=...][;Password=...][;Timeout=milliseconds that a lock is waited for]
-/// [;StatementTimeout=milliseconds][;Synchronous=normal][;ReadOnly=S][;SslMode=...][;SslRootCert=...]. The
+/// [;StatementTimeout=milliseconds][;ReadOnly=S][;SslMode=...][;SslRootCert=...]. The
 /// host is a name, an address or the folder of the server's socket. Without a password the client library
 /// looks for one in its own file (~/.pgpass).
 class PostgresEngine final : public Engine {

@@ -25,6 +25,7 @@ constexpr Mapping mappings[] = {
     {"53200", ErrorOutOfMemory, "La base de datos se quedó sin memoria"},
     {"42501", ErrorPermissionDenied, "No tiene permiso sobre una tabla de la base de datos"},
     {"25006", ErrorPermissionDenied, "La base de datos es de sólo lectura"},
+    {"42P07", ErrorObjectExists, "La tabla ya está en la base de datos"},
     {"42P01", ErrorNoSuchTable, "Falta una tabla en la base de datos"},
     {"42703", ErrorNoSuchColumn, "Falta una columna en la base de datos"},
     {"42601", ErrorSyntax, "La base de datos no entiende la instrucción"},
@@ -57,8 +58,11 @@ constexpr Refusal refusals[] = {
     {"la base de datos ", ErrorNoSuchDatabase, "El servidor no tiene la base de datos del perfil"},
 };
 
+/// The server's sentence without the word in front of it and the place and the hints behind it.
 QString serverText(const QSqlError& error) {
-    return error.databaseText().trimmed().replace(u'\n', u' ');
+    const QString line = error.databaseText().trimmed().section(u'\n', 0, 0);
+    const qsizetype colon = line.indexOf(QLatin1String(":  "));
+    return colon < 0 ? line : line.mid(colon + 3);
 }
 
 } // namespace

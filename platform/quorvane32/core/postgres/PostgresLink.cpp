@@ -21,13 +21,11 @@ QString sessionSettings(const ConnectString& options) {
     const auto time = [&](const char* key, int usual) {
         return QString::number(qMax(0, options.number(QLatin1String(key), usual)));
     };
-    return QStringLiteral("-c DateStyle=ISO,DMY -c standard_conforming_strings=on -c lock_timeout=%1 "
-                          "-c statement_timeout=%2 -c idle_in_transaction_session_timeout=%3%4%5")
+    return QStringLiteral("-c DateStyle=ISO,DMY -c standard_conforming_strings=on -c "
+                          "client_min_messages=error -c lock_timeout=%1 "
+                          "-c statement_timeout=%2 -c idle_in_transaction_session_timeout=%3%4")
         .arg(time("timeout", usualLockTimeout), time("statementtimeout", usualStatementTimeout),
              QString::number(transactionTimeout),
-             options.value(QStringLiteral("synchronous")).compare(u"normal", Qt::CaseInsensitive) == 0
-                 ? QStringLiteral(" -c synchronous_commit=off")
-                 : QString(),
              options.value(QStringLiteral("readonly")).compare(u"s", Qt::CaseInsensitive) == 0
                  ? QStringLiteral(" -c default_transaction_read_only=on")
                  : QString());

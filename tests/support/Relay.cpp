@@ -1,0 +1,136 @@
+#include "tests/support/Relay.h"
+
+#include <algorithm>
+#include <cstring>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace dalvora::test {
+
+namespace {
+
+constexpr int look = 5; // ms between looks at what the test wants
+
+QByteArray socketIn(const QString& folder) {
+    return (folder + QStringLiteral("/.s.PGSQL.5432")).toLocal8Bit();
+}
+
+sockaddr_un addressOf(const QByteArray& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::memcpy(address.sun_path, path.constData(),
+                std::min<std::size_t>(path.size(), sizeof address.sun_path - 1));
+    return address;
+}
+
+/// What has arrived; empty when the other end is gone.
+QByteArray receive(int socket) {
+    QByteArray data(65536, Qt::Uninitialized);
+    data.resize(std::max<ssize_t>(0, recv(socket, data.data(), data.size(), 0)));
+    return data;
+}
+
+bool sendAll(int socket, const QByteArray& data) {
+    qsizetype sent = 0;
+    while (sent < data.size()) {
+        const ssize_t count = send(socket, data.constData() + sent, data.size() - sent, MSG_NOSIGNAL);
+        if (count <= 0)
+            return false;
+        sent += count;
+    }
+    return true;
+}
+
+} // namespace
+
+Relay::Relay(const QString& host) : m_server(socketIn(host)) {
+    m_listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_un address = addressOf(socketIn(m_folder.path()));
+    if (bind(m_listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(m_listener, 16) != 0)
+        qFatal("no relay");
+    m_thread = std::thread([this] { run(); });
+}
+
+Relay::~Relay() {
+    m_ends = true;
+    m_thread.join();
+    for (Link& link : m_links)
+        cut(link);
+    close(m_listener);
+}
+
+void Relay::cutAfter(const QByteArray& words) {
+    const std::lock_guard lock(m_mutex);
+    m_cutAfter = words;
+}
+
+void Relay::cut(Link& link) {
+    close(link.client);
+    close(link.server);
+    link.client = -1;
+}
+
+void Relay::accept() {
+    Link link;
+    link.client = ::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
+    link.server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_un address = addressOf(m_server);
+    if (connect(link.server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+        m_links.push_back(link);
+    else
+        cut(link);
+}
+
+bool Relay::passQuestion(Link& link) {
+    const QByteArray data = receive(link.client);
+    if (data.isEmpty())
+        return false;
+    if (link.answered) {
+        ++m_roundTrips;
+        usleep(m_delay * 1000);
+    }
+    link.answered = false;
+    const std::lock_guard lock(m_mutex);
+    if (!m_cutAfter.isEmpty() && data.contains(m_cutAfter)) {
+        link.doomed = true;
+        m_cutAfter.clear();
+    }
+    return sendAll(link.server, data);
+}
+
+bool Relay::passAnswer(Link& link) {
+    const QByteArray data = receive(link.server);
+    link.answered = true;
+    return !data.isEmpty() && !link.doomed && sendAll(link.client, data);
+}
+
+void Relay::run() {
+    while (!m_ends) {
+        if (m_cutAll.exchange(false)) {
+            std::ranges::for_each(m_links, cut);
+            m_links.clear();
+        }
+        std::vector<pollfd> waiting{{m_listener, POLLIN, 0}};
+        for (const Link& link : m_links) {
+            waiting.push_back({link.client, POLLIN, 0});
+            waiting.push_back({link.server, POLLIN, 0});
+        }
+        if (poll(waiting.data(), waiting.size(), look) <= 0)
+            continue;
+        for (std::size_t i = 0; i < m_links.size(); ++i) {
+            Link& link = m_links[i];
+            const bool lives = (waiting[2 * i + 1].revents == 0 || passQuestion(link)) &&
+                               (waiting[2 * i + 2].revents == 0 || passAnswer(link));
+            if (!lives)
+                cut(link);
+        }
+        std::erase_if(m_links, [](const Link& link) { return link.client < 0; });
+        if (waiting[0].revents != 0)
+            accept();
+    }
+}
+
+} // namespace dalvora::test
