@@ -17,5 +17,7 @@ void benchReports(Report& report, Company&);
 /// Needs no company.
 void benchExports(Report& report, Company&);
 void benchStart(Report& report, Company& company);
+/// Reads and saves on a PostgreSQL server of its own against the server's C library.
+void benchServer(Report& report, Company& company);
 
 } // namespace bench

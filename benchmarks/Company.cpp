@@ -4,6 +4,7 @@
 #include "demo/ScaleData.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/session/ErpSession.h"
+#include "platform/quorvane32/session/Profile.h"
 #include "reports/processing/ReportStatements.h"
 #include <stdexcept>
 
@@ -11,6 +12,21 @@ namespace bench {
 
 Company::Company() {
     dalvora::demo::createDemonstration(m_folder.path());
+    signIn();
+}
+
+Company::Company(const QString& connectString) {
+    quorvane::Profile profile;
+    profile.connectString = connectString;
+    profile.companies = {QStringLiteral("001")};
+    profile.defaultCompany = QStringLiteral("001");
+    profile.user = QStringLiteral("demo");
+    profile.automatic = true;
+    profile.save(m_folder.path());
+    signIn();
+}
+
+void Company::signIn() {
     m_context.Connection = std::make_unique<quorvane::Connection>();
     m_context.Session = std::make_unique<quorvane::ErpSession>(m_folder.path(), nullptr);
     bool cancel = false;
@@ -52,6 +68,34 @@ void Company::read(const QString& code) {
     if (!table().DBRead() || !table().SysRecordFound)
         throw std::runtime_error("the scheme cannot be read");
     table().SaveDates();
+}
+
+void Company::enterScheme(const QString& code, int lines) {
+    dalvora::DBTable& record = table();
+    record.DBClear();
+    record.ClearDates();
+    record.carga_inicio();
+    record.setTextValue(2, code);
+    record.setTextValue(5, "01/01/2001");
+    record.setTextValue(6, "31/12/2001");
+    if (!record.DBRead())
+        throw std::runtime_error("no new scheme");
+    record.SaveDates();
+    record.carga_inicio();
+    record.Acumulable = "N";
+    for (int i = 0; i < lines; ++i) {
+        dalvora::DBDetail& line = i == 0 ? record.Details(1) : record.DetailsAdd();
+        line.setTextValue(1, "Todos");
+        line.setTextValue(5, QString::number(i + 1) + ",5");
+        line.setTextValue(4, QString::number(i) + ",5");
+        line.setTextValue(6, "2,75");
+        line.setTextValue(7, "Neto");
+    }
+}
+
+void Company::save() {
+    if (!table().DBWrite(true))
+        throw std::runtime_error("the scheme cannot be saved");
 }
 
 } // namespace bench

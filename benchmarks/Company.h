@@ -10,6 +10,8 @@ namespace bench {
 class Company {
 public:
     Company();
+    /// The same on a server's database that has its tables and rows already.
+    explicit Company(const QString& connectString);
     ~Company();
 
     dalvora::SessionContext& context() { return m_context; }
@@ -28,8 +30,13 @@ public:
     QString reportStatement(const QString& name);
     /// Reads a scheme as the form does.
     void read(const QString& code);
+    /// A new scheme of the year 2001 on the record, its lines entered but not saved.
+    void enterScheme(const QString& code, int lines);
+    void save();
 
 private:
+    void signIn();
+
     QTemporaryDir m_folder;
     dalvora::SessionContext m_context;
 };

@@ -15,11 +15,6 @@ constexpr double writeGoal = 1.5;
 constexpr double unchangedGoal = 3;
 constexpr int rounds = 15;
 
-void save(Company& company) {
-    if (!company.table().DBWrite(true))
-        throw std::runtime_error("the scheme cannot be saved");
-}
-
 /// Dates as the database keeps them; without this the plain statements would find no row.
 QByteArray withIsoDates(QString sql) {
     static const QRegularExpression date(QStringLiteral("'(\\d\\d)/(\\d\\d)/(\\d{4})'"));
@@ -31,7 +26,7 @@ std::vector<QByteArray> statementsOf(Company& company) {
     std::vector<QByteArray> statements;
     company.context().Connection->setStatementObserver(
         [&](const QString& sql) { statements.push_back(withIsoDates(sql)); });
-    save(company);
+    company.save();
     company.context().Connection->setStatementObserver({});
     return statements;
 }
@@ -41,39 +36,15 @@ void removeScheme(const Floor& floor, const QByteArray& code) {
     floor.run("DELETE FROM ComisionesD WHERE Empresa = '001' and Codigo = '" + code + "'");
 }
 
-/// A new scheme on the record, its lines entered but not saved.
-void enterScheme(Company& company, const QString& code, int lines) {
-    dalvora::DBTable& table = company.table();
-    table.DBClear();
-    table.ClearDates();
-    table.carga_inicio();
-    table.setTextValue(2, code);
-    table.setTextValue(5, "01/01/2001");
-    table.setTextValue(6, "31/12/2001");
-    if (!table.DBRead())
-        throw std::runtime_error("no new scheme");
-    table.SaveDates();
-    table.carga_inicio();
-    table.Acumulable = "N";
-    for (int i = 0; i < lines; ++i) {
-        dalvora::DBDetail& line = i == 0 ? table.Details(1) : table.DetailsAdd();
-        line.setTextValue(1, "Todos");
-        line.setTextValue(5, QString::number(i + 1) + ",5");
-        line.setTextValue(4, QString::number(i) + ",5");
-        line.setTextValue(6, "2,75");
-        line.setTextValue(7, "Neto");
-    }
-}
-
 void benchNew(Report& report, Company& company, const Floor& floor) {
-    enterScheme(company, "BENCHNEW", 1000);
+    company.enterScheme("BENCHNEW", 1000);
     const auto statements = statementsOf(company);
     report.add(
         compare("save a new scheme of 1000 lines", writeGoal, rounds,
-                {[&] { save(company); },
+                {[&] { company.save(); },
                  [&] {
                      removeScheme(floor, "BENCHNEW");
-                     enterScheme(company, "BENCHNEW", 1000);
+                     company.enterScheme("BENCHNEW", 1000);
                  }},
                 {[&] { floor.runInTransaction(statements); }, [&] { removeScheme(floor, "BENCHNEW"); }}));
     removeScheme(floor, "BENCHNEW");
@@ -89,7 +60,7 @@ void changeLines(Company& company, int round) {
 void benchChange(Report& report, Company& company, const Floor& floor) {
     int round = 0;
     changeLines(company, round);
-    save(company);
+    company.save();
     std::vector<QByteArray> there;
     std::vector<QByteArray> back;
     changeLines(company, ++round);
@@ -97,7 +68,7 @@ void benchChange(Report& report, Company& company, const Floor& floor) {
     changeLines(company, ++round);
     back = statementsOf(company);
     report.add(compare("change 100 of 1000 lines and save", writeGoal, rounds,
-                       {[&] { save(company); }, [&] { changeLines(company, ++round); }},
+                       {[&] { company.save(); }, [&] { changeLines(company, ++round); }},
                        {[&] { floor.runInTransaction(round++ % 2 == 0 ? there : back); }}));
 }
 
@@ -112,7 +83,7 @@ void benchUnchanged(Report& report, Company& company, const Floor& floor, const 
         "UPDATE Comisiones SET Descripcion = 'x' WHERE Empresa = '001' and Codigo = '" + code.toUtf8() + "'";
     const auto name = QStringLiteral("save %1 unchanged lines").arg(code.mid(5)).toStdString();
     report.add(compare(name, unchangedGoal, 2 * rounds,
-                       {[&] { save(company); },
+                       {[&] { company.save(); },
                         [&] {
                             company.read(code);
                             floor.run(otherDescription);

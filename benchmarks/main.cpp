@@ -21,6 +21,7 @@ constexpr Group groups[] = {
     {"reports", bench::benchReports},
     {"exports", bench::benchExports},
     {"toolbar", bench::benchToolbar},
+    {"server", bench::benchServer},
 };
 
 } // namespace

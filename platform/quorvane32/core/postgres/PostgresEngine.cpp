@@ -47,6 +47,7 @@ std::unique_ptr<Cursor> PostgresEngine::select(const QString& sql) {
     QSqlQuery query = run(adapted);
     const QSqlRecord record = query.record();
     std::vector<QString> names;
+    names.reserve(record.count());
     for (int i = 0; i < record.count(); ++i)
         names.push_back(m_dialect.spelling(sql, record.fieldName(i)));
     return std::make_unique<PostgresCursor>(m_link, std::move(query), std::move(names));
