@@ -138,11 +138,11 @@ QString PostgresDialect::adaptQuery(const QString& sql) {
 }
 
 QString PostgresDialect::spelling(const QString& sql, const QString& name) const {
-    for (auto token = m_tokens.rbegin(); token != m_tokens.rend(); ++token) {
-        const QStringView text = token->text(sql);
-        const bool quoted = token->kind == SqlToken::QuotedName || token->kind == SqlToken::String;
+    for (const SqlToken& token : m_tokens) {
+        const QStringView text = token.text(sql);
+        const bool quoted = token.kind == SqlToken::QuotedName || token.kind == SqlToken::String;
         const QStringView word = quoted ? text.mid(1, text.size() - 2) : text;
-        if (token->significant() && word.compare(name, Qt::CaseInsensitive) == 0)
+        if (token.significant() && word.compare(name, Qt::CaseInsensitive) == 0)
             return word.toString();
     }
     return name;
