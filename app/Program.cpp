@@ -13,7 +13,7 @@
 #include "forms/report/FO_ViewReport.h"
 #include "forms/report/ReportCommands.h"
 #include "forms/vendedor/FM_Vendedor.h"
-#include "platform/dde/LocalRequestLink.h"
+#include "platform/dde/SystemRequestLink.h"
 #include "platform/quorvane32/core/ClientMachine.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/reportengine/viewer/ReportViewer.h"
@@ -196,7 +196,7 @@ void Program::printReport() {
 void Program::show(quorvane::report::Report& report) {
     const QString& folder = m_parts.application.path;
     ShellStarter starter(folder);
-    quorvane::LocalRequestLink link;
+    quorvane::SystemRequestLink link;
     const TopicSurroundings surroundings{starter, folder, MessageLoop(), [](int pointer) {
                                              setMousePointer(static_cast<MousePointer>(pointer));
                                          }};
