@@ -1,4 +1,4 @@
-#include "platform/reportengine/output/SpreadsheetOutput.h"
+#include "platform/reportengine/sheet/SpreadsheetOutput.h"
 #include "tests/report_output/ExportFixture.h"
 #include "tests/report_output/SheetReader.h"
 #include <limits>

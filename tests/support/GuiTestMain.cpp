@@ -5,6 +5,8 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    // Where the program's own folder has them, which is not the tests'.
+    QCoreApplication::addLibraryPath(QStringLiteral(DALVORA_MODULES));
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

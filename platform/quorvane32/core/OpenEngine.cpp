@@ -1,7 +1,7 @@
+#include "platform/quorvane32/base/Module.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/EngineFactory.h"
 #include "platform/quorvane32/core/sqlite/SqliteEngine.h"
-#include <QPluginLoader>
 
 namespace quorvane {
 
@@ -9,21 +9,17 @@ namespace {
 
 struct Module {
     const char16_t* driver;
-    const char* file; ///< below the program's folder, or another folder where modules are looked for
+    const char16_t* file;
 };
 
 constexpr Module modules[] = {
-    {u"postgresql", "quorvane/quorvane_postgres"},
+    {u"postgresql", u"quorvane_postgres"},
 };
 
 std::unique_ptr<Engine> openFromModule(const Module& module, const ConnectString& options) {
-    QPluginLoader loader(QLatin1String(module.file));
-    auto* factory = qobject_cast<EngineFactory*>(loader.instance());
-    if (!factory)
-        throw RunTimeError(ErrorCannotCreateObject,
-                           QStringLiteral("No se puede cargar el controlador de la base de datos '%1' [%2]")
-                               .arg(QString::fromUtf16(module.driver), loader.errorString()));
-    return factory->open(options);
+    const QString purpose =
+        QStringLiteral("el controlador de la base de datos '%1'").arg(QString::fromUtf16(module.driver));
+    return moduleFactory<EngineFactory>(QString::fromUtf16(module.file), purpose).open(options);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "platform/reportengine/output/SpreadsheetOutput.h"
-#include "platform/reportengine/output/LaidOut.h"
+#include "platform/reportengine/sheet/SpreadsheetOutput.h"
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -224,20 +223,6 @@ void SpreadsheetOutput::writeText(int column, const QString& text, lxw_format* f
 void SpreadsheetOutput::commit() {
     addHeading();
     m_file.commit();
-}
-
-bool writeSpreadsheet(const OutputSource& source, const QString& path, const OutputProgress& progress) {
-    PageContext context = source.context;
-    SpreadsheetOutput sheet(context, path);
-    if (!layOutWhole(source, progress, context))
-        return false;
-    for (int page = 0; page < context.pageCount; ++page) {
-        sheet.add(source.layout->page(page));
-        if (progress && !progress(page + 1, context.pageCount))
-            return false;
-    }
-    sheet.commit();
-    return true;
 }
 
 } // namespace quorvane::report

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/reportengine/output/Output.h"
-#include "platform/reportengine/output/SheetFormats.h"
 #include "platform/reportengine/output/TablePlan.h"
-#include "platform/reportengine/output/WorkbookFile.h"
+#include "platform/reportengine/sheet/SheetFormats.h"
+#include "platform/reportengine/sheet/WorkbookFile.h"
 
 namespace quorvane::report {
 

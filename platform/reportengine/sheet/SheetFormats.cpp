@@ -1,4 +1,4 @@
-#include "platform/reportengine/output/SheetFormats.h"
+#include "platform/reportengine/sheet/SheetFormats.h"
 #include <algorithm>
 #include <xlsxwriter.h>
 

@@ -1,4 +1,4 @@
-#include "platform/reportengine/output/WorkbookFile.h"
+#include "platform/reportengine/sheet/WorkbookFile.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <QDir>
 #include <QStorageInfo>

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/quorvane32/base/RunTimeError.h"
+#include <QPluginLoader>
+
+namespace quorvane {
+
+/// Parts of the program that few days need live in modules of their own, in the folder "quorvane" beside the
+/// program: what a module needs of the system is loaded with its first use and not with every start.
+///
+/// The factory that a module offers; a module once loaded stays. Error 429 when there is no such module or it
+/// offers something else; `purpose` ("el canal de requerimientos") tells what cannot be had then.
+template<class Factory> Factory& moduleFactory(const QString& module, const QString& purpose) {
+    QPluginLoader loader(QStringLiteral("quorvane/") + module);
+    auto* factory = qobject_cast<Factory*>(loader.instance());
+    if (!factory)
+        throw RunTimeError(ErrorCannotCreateObject,
+                           QStringLiteral("No se puede cargar %1 [%2]").arg(purpose, loader.errorString()));
+    return *factory;
+}
+
+} // namespace quorvane
