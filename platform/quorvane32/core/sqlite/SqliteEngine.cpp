@@ -13,7 +13,7 @@ QString columnText(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
 }
 
-/// Reads which columns are dates; also the first look into the file, where one that is no database is told.
+/// Reads which columns are dates.
 DateColumns readDateColumns(sqlite3* database) {
     DateColumns columns;
     const Statement statement =
@@ -47,12 +47,21 @@ void requireFilled(sqlite3_stmt* statement, std::size_t values) {
 } // namespace
 
 SqliteEngine::SqliteEngine(const QString& path, int timeout)
-    : m_database(open(path, Access::ReadWrite, timeout)), m_dialect(readDateColumns(m_database.get())) {}
+    : m_database(open(path, Access::ReadWrite, timeout)) {
+    // The first look into the file, where one that is no database is told.
+    run(m_database.get(), "PRAGMA schema_version");
+}
 
 SqliteEngine::~SqliteEngine() {
     // A result still open keeps the file open as well: an unfinished transaction shall not live on with it.
     if (!sqlite3_get_autocommit(m_database.get()))
         sqlite3_exec(m_database.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+SqliteDialect& SqliteEngine::dialect() {
+    if (!m_dialect)
+        m_dialect.emplace(readDateColumns(m_database.get()));
+    return *m_dialect;
 }
 
 void SqliteEngine::useWriteAheadLog() {
@@ -75,7 +84,7 @@ void SqliteEngine::requireItsFile() {
 
 std::unique_ptr<Cursor> SqliteEngine::select(const QString& sql) {
     requireItsFile();
-    const SqliteDialect::Query query = m_dialect.adaptQuery(sql);
+    const SqliteDialect::Query query = dialect().adaptQuery(sql);
     Statement statement = prepare(m_database.get(), query.sql);
     if (!sqlite3_stmt_readonly(statement.get()))
         throw RunTimeError(ErrorRefusedStatement, QStringLiteral("Una consulta no puede guardar datos"));
@@ -92,18 +101,18 @@ SqliteEngine::Compiled& SqliteEngine::compiled(const QString& sql, const QString
         m_compiled.splice(m_compiled.begin(), m_compiled, it);
         return m_compiled.front();
     }
-    Statement statement = prepare(m_database.get(), m_dialect.adaptShape(shape));
+    Statement statement = prepare(m_database.get(), dialect().adaptShape(shape));
     if (m_compiled.size() >= mostCompiled)
         m_compiled.pop_back();
-    m_compiled.push_front({shape, m_dialect.dateLiterals(sql), std::move(statement)});
+    m_compiled.push_front({shape, dialect().dateLiterals(sql), std::move(statement)});
     return m_compiled.front();
 }
 
 qint64 SqliteEngine::execute(const QString& sql) {
     requireItsFile();
-    const SqliteDialect::Command command = m_dialect.split(sql);
+    const SqliteDialect::Command command = dialect().split(sql);
     if (!command.bound) {
-        const Statement statement = prepare(m_database.get(), m_dialect.adaptShape(command.shape));
+        const Statement statement = prepare(m_database.get(), dialect().adaptShape(command.shape));
         requireFilled(statement.get(), 0);
         runToEnd(statement.get());
         return 0;

@@ -5,6 +5,7 @@
 #include "platform/quorvane32/core/sqlite/SqliteDialect.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include <list>
+#include <optional>
 
 namespace quorvane::sqlite {
 
@@ -38,11 +39,14 @@ private:
     /// What is written into a file that has been deleted or replaced is gone with it, and the system raises
     /// no error: error 3709 instead.
     void requireItsFile();
+    /// Knows the date columns, which are read with the first statement: a connection that waits for its first
+    /// one, as that of the reports does, costs the start next to nothing.
+    SqliteDialect& dialect();
     void bind(sqlite3_stmt* statement, int position, const Parameter& parameter);
     void runToEnd(sqlite3_stmt* statement);
 
     Handle m_database;
-    SqliteDialect m_dialect;
+    std::optional<SqliteDialect> m_dialect;
     std::list<Compiled> m_compiled;
     bool m_writesAhead = false;
 };
