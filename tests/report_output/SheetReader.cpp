@@ -132,7 +132,10 @@ void SheetReader::readRows(const QByteArray& sheet) {
         else if (name == u"c") {
             const Look& look = m_looks.at(attributes.value("s"_L1).toInt());
             cell = &m_rows.back()[columnOf(attributes.value("r"_L1))];
-            *cell = {{}, look.format, look.bold, look.colour, look.ground};
+            cell->format = look.format;
+            cell->bold = look.bold;
+            cell->colour = look.colour;
+            cell->ground = look.ground;
         } else if (name == u"v")
             cell->value = xml.readElementText().toDouble();
         else if (name == u"t")
