@@ -37,7 +37,7 @@ TEST(SystemRequestLinkTest, WithoutItsModuleTheFirstRequestSaysSo) {
 }
 
 TEST(SystemRequestLinkTest, TalksOverTheChannelOfItsModule) {
-    const auto folder = lookingIn(QStringLiteral(DALVORA_MODULES));
+    const auto folder = lookingIn(QCoreApplication::applicationDirPath() + u"/../../bin"_s);
     SystemRequestLink link;
     link.setLinkTimeout(1);
     EXPECT_EQ(errorOfOpening(link), 282);

@@ -6,7 +6,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     // Where the program's own folder has them, which is not the tests'.
-    QCoreApplication::addLibraryPath(QStringLiteral(DALVORA_MODULES));
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../../bin"));
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
