@@ -1,8 +1,8 @@
 #include "platform/reportengine/rows/ReportRows.h"
-#include "tests/support/SmallDisk.h"
 #include "tests/quorvane32_base/ErrorOf.h"
 #include "tests/support/ListRows.h"
 #include "tests/support/ReportParts.h"
+#include "tests/support/SmallDisk.h"
 #include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
