@@ -18,6 +18,8 @@ struct ClickedDocument {
     QString Numero;
 };
 
+/// The line's fields stand in the order of the report's objects and bear their names, so an object and the
+/// field at its position are found in one walk. Of two objects with the same name the later one counts.
 ClickedDocument colectacampos(const std::vector<ClickedField>& myFields) {
     ClickedDocument document;
     for (const ClickedField& field : myFields) {
