@@ -1,13 +1,18 @@
-// The report part of the tour: choose a report, look at it, find, follow a line to its document, export.
+// The report part of the tour: choose a report, look at it, find, follow a line to its document, export; then
+// the other reports. Each leaves its document and the picture of its first page.
 
 #include "demo/lorbadeno/DocumentProgram.h"
 #include "platform/quorvane32/session/Profile.h"
+#include "platform/reportengine/output/PagePainter.h"
 #include "platform/reportengine/viewer/ReportViewer.h"
 #include "tools/tour/Tour.h"
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QFileInfo>
+#include <QImage>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -23,7 +28,10 @@ using quorvane::report::ViewerDialogs;
 namespace {
 
 constexpr QSize viewerSize{1400, 800};
+constexpr double pictureDpi = 100;
+constexpr double pointsPerInch = 72;
 const QString reportName = u"ComisionesVendedor"_s;
+const QStringList otherReports{u"ResumenMensualVendedor"_s, u"DetalleCodigos"_s, u"ListaCodigos"_s};
 const QString customer = u"ernst handel"_s;
 
 /// The middle of the first detail line to be seen.
@@ -41,6 +49,18 @@ QPoint firstLine(PageView& view) {
     return {};
 }
 
+/// A page as on paper.
+QImage pictureOfPage(quorvane::report::ReportPages& pages, int index) {
+    constexpr double scale = pictureDpi / pointsPerInch;
+    QImage picture((pages.pageSize() * scale).toSize(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    quorvane::report::PagePainter(pages.context()).paint(painter, pages.page(index)->page);
+    return picture;
+}
+
 } // namespace
 
 template<class Control> Control* Tour::inFront(const char* name) {
@@ -52,19 +72,8 @@ template<class Control> Control* Tour::inFront(const char* name) {
 }
 
 void Tour::addReportSteps() {
-    m_steps.push_back({u"informe-elegido"_s, [this] {
-                           activate();
-                           clickButton(u"vprevia"_s);
-                           QTimer::singleShot(stepDelay / 2, this, [this] { chooseReport(); });
-                       }});
-    m_steps.push_back({u"informe"_s, [this] {
-                           QTimer::singleShot(stepDelay / 2, this, [] {
-                               if (QWidget* viewer = QApplication::activeModalWidget())
-                                   viewer->resize(viewerSize);
-                           });
-                           if (auto* accept = inFront<QPushButton>("coAceptar"))
-                               QTest::mouseClick(accept, Qt::LeftButton);
-                       }});
+    m_steps.push_back({u"informe-elegido"_s, [this] { chooseReport(reportName); }});
+    m_steps.push_back({u"informe"_s, [this] { acceptReport(); }});
     m_steps.push_back({u"informe-vendedor"_s, [this] {
                            auto* tree = inFront<QTreeView>("groups");
                            if (!tree || tree->model()->rowCount() < 3)
@@ -81,51 +90,86 @@ void Tour::addReportSteps() {
                            type(customer);
                            press(Qt::Key_Return);
                        }});
+    // The document comes while the first of the two steps still waits for the answer.
+    m_steps.push_back({{}, [this] { openDocument(); }});
     m_steps.push_back({u"informe-documento"_s, [this] {
-                           if (auto* viewer = inFront<ReportViewer>("CRViewer1")) {
-                               // In this process, so that it is in the picture and ends with the tour.
-                               m_documents = std::make_unique<dalvora::lorbadeno::DocumentProgram>(
-                                   quorvane::Profile::defaultFolder());
-                               m_documents->start();
-                               press(Qt::Key_Escape);
-                               QTest::mouseClick(viewer->pageView().viewport(), Qt::LeftButton, {},
-                                                 firstLine(viewer->pageView()));
-                           }
+                           if (!m_documents || !m_documents->window().windowTitle().contains(u" - "))
+                               fail(u"no se mostró el documento"_s);
                        }});
     m_steps.push_back({u"informe-exportado"_s, [this] {
                            m_documents.reset();
-                           exportReport();
+                           exportReport(reportName);
                        }});
-    m_steps.push_back({u"informe-cerrado"_s, [this] {
-                           if (auto* leave = inFront<QAction>("arcSalir"))
-                               leave->trigger();
-                       }});
+    for (const QString& name : otherReports) {
+        m_steps.push_back({name + u"-elegido"_s, [this, name] {
+                               leaveReport();
+                               QTimer::singleShot(stepDelay / 4, this, [this, name] { chooseReport(name); });
+                           }});
+        m_steps.push_back({name, [this] { acceptReport(); }});
+        m_steps.push_back({name + u"-exportado"_s, [this, name] { exportReport(name); }});
+    }
+    m_steps.push_back({u"informe-cerrado"_s, [this] { leaveReport(); }});
 }
 
-void Tour::chooseReport() {
+void Tour::chooseReport(const QString& name) {
+    activate();
+    clickButton(u"vprevia"_s);
+    QTimer::singleShot(stepDelay / 2, this, [this, name] { enterReport(name); });
+}
+
+void Tour::enterReport(const QString& name) {
     auto* list = inFront<QComboBox>("cboReporte");
     auto* from = inFront<QWidget>("FecIni");
     auto* to = inFront<QWidget>("FecFin");
     if (!list || !from || !to)
         return;
-    list->setCurrentIndex(list->findText(reportName));
+    list->setCurrentIndex(list->findText(name));
     from->setFocus();
     type(u"01/07/1997"_s);
     to->setFocus();
     type(u"30/09/1997"_s);
 }
 
-void Tour::exportReport() {
+void Tour::acceptReport() {
+    QTimer::singleShot(stepDelay / 2, this, [] {
+        if (QWidget* viewer = QApplication::activeModalWidget())
+            viewer->resize(viewerSize);
+    });
+    if (auto* accept = inFront<QPushButton>("coAceptar"))
+        QTest::mouseClick(accept, Qt::LeftButton);
+}
+
+void Tour::openDocument() {
+    auto* viewer = inFront<ReportViewer>("CRViewer1");
+    if (!viewer)
+        return;
+    // In this process, so that it is in the picture and ends with the tour.
+    m_documents = std::make_unique<dalvora::lorbadeno::DocumentProgram>(quorvane::Profile::defaultFolder());
+    if (!m_documents->start())
+        fail(u"el programa de documentos no pudo atender"_s);
+    press(Qt::Key_Escape);
+    QTest::mouseClick(viewer->pageView().viewport(), Qt::LeftButton, {}, firstLine(viewer->pageView()));
+}
+
+void Tour::leaveReport() {
+    if (auto* leave = inFront<QAction>("arcSalir"))
+        leave->trigger();
+}
+
+void Tour::exportReport(const QString& name) {
     auto* viewer = inFront<ReportViewer>("CRViewer1");
     if (!viewer)
         return;
     ViewerDialogs dialogs = ViewerDialogs::ofTheSystem();
-    const QString file = m_folder + u"/informe.pdf"_s;
+    const QString file = m_folder + u'/' + name + u".pdf"_s;
     dialogs.saveFile = [file](QWidget*, const ViewerDialogs::FileQuestion&) { return file; };
     viewer->setDialogs(dialogs);
+    QFile::remove(file);
     viewer->findChild<QAction*>(u"exportPdf"_s)->trigger();
     if (QFileInfo(file).size() == 0)
-        fail(u"no se exportó el informe"_s);
+        return fail(u"no se exportó el informe "_s + name);
+    if (!pictureOfPage(*viewer->pageView().pages(), 0).save(m_folder + u'/' + name + u".png"_s))
+        fail(u"no se pudo dibujar el informe "_s + name);
 }
 
 } // namespace tour

@@ -161,17 +161,17 @@ void Tour::next() {
 }
 
 void Tour::takePicture(const QString& name) {
-    save(name, pictureOfScreen(m_form));
+    if (!name.isEmpty())
+        save(name, pictureOfScreen(m_form));
 }
 
 void Tour::addPicture(const QString& name, const QPixmap& picture) {
-    ++m_next;
     save(name, picture);
 }
 
 void Tour::save(const QString& name, const QPixmap& picture) {
     const QString file =
-        QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(m_next, 2, 10, QLatin1Char('0')).arg(name);
+        QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
     if (!picture.save(file))
         fail(QStringLiteral("no se pudo escribir ") + file);
 }

@@ -38,7 +38,7 @@ private:
     static constexpr int stepDelay = 350;
 
     struct Step {
-        QString picture;
+        QString picture; ///< its name; "" for a step that leaves none
         std::function<void()> play;
     };
     void addReadingSteps();
@@ -47,8 +47,14 @@ private:
     void addSalespeopleSteps();
     void addReportSteps();
     void addOtherWindowSteps();
-    void chooseReport();
-    void exportReport();
+    /// Asks for a preview and enters the report and the period.
+    void chooseReport(const QString& name);
+    void enterReport(const QString& name);
+    void acceptReport();
+    void openDocument();
+    /// Leaves the report that is shown as NAME.pdf and its first page as NAME.png.
+    void exportReport(const QString& name);
+    void leaveReport();
     void next();
     void takePicture(const QString& name);
     void save(const QString& name, const QPixmap& picture);
@@ -69,6 +75,7 @@ private:
     std::unique_ptr<dalvora::lorbadeno::DocumentProgram> m_documents; ///< while a document is shown
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
+    int m_pictures = 0;
     int m_failures = 0;
 };
 

@@ -39,6 +39,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     qputenv("QUORVANE_HOME", home.path().toUtf8());
+    // The document program of the tour answers nobody else, and nobody else answers the tour.
+    const QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
 
     dalvora::MessageBoxes messages;
     dalvora::installMessagePresenter(&messages);
