@@ -161,7 +161,7 @@ void Tour::exportReport(const QString& name) {
     if (!viewer)
         return;
     ViewerDialogs dialogs = ViewerDialogs::ofTheSystem();
-    const QString file = m_folder + u'/' + name + u".pdf"_s;
+    QString file = m_folder + u'/' + name + u".pdf"_s;
     dialogs.saveFile = [file](QWidget*, const ViewerDialogs::FileQuestion&) { return file; };
     viewer->setDialogs(dialogs);
     QFile::remove(file);
