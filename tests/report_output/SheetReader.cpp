@@ -40,14 +40,22 @@ QColor colourOf(const QXmlStreamAttributes& attributes) {
 } // namespace
 
 double SheetCell::number() const {
-    const double* number = std::get_if<double>(&value);
-    EXPECT_TRUE(number) << "a text stands here: " << text().toStdString();
-    return number ? *number : 0;
+    EXPECT_EQ(kind, Kind::Number) << "a text stands here: " << words.toStdString();
+    return digits;
 }
 
 QString SheetCell::text() const {
-    const QString* text = std::get_if<QString>(&value);
-    return text ? *text : QString();
+    return words;
+}
+
+void SheetCell::setNumber(double number) {
+    kind = Kind::Number;
+    digits = number;
+}
+
+void SheetCell::setText(const QString& text) {
+    kind = Kind::Text;
+    words = text;
 }
 
 SheetReader::SheetReader(const QString& path) : m_path(path) {
@@ -137,9 +145,9 @@ void SheetReader::readRows(const QByteArray& sheet) {
             cell->colour = look.colour;
             cell->ground = look.ground;
         } else if (name == u"v")
-            cell->value = xml.readElementText().toDouble();
+            cell->setNumber(xml.readElementText().toDouble());
         else if (name == u"t")
-            cell->value = unescaped(xml.readElementText());
+            cell->setText(unescaped(xml.readElementText()));
         else
             EXPECT_NE(name, u"f"_s) << "a formula";
     }
@@ -155,12 +163,12 @@ QStringList SheetReader::row(int row) const {
     if (row < 0 || row >= rowCount())
         return texts;
     for (auto cell = m_rows[row].begin(); cell != m_rows[row].end(); ++cell) {
-        if (std::holds_alternative<std::monostate>(cell->value))
+        if (cell->isEmpty())
             continue;
         while (texts.size() < cell.key())
             texts << QString();
-        const double* number = std::get_if<double>(&cell->value);
-        texts << (number ? QString::number(*number, 'g', 15) : cell->text());
+        texts << (cell->kind == SheetCell::Kind::Number ? QString::number(cell->digits, 'g', 15)
+                                                        : cell->words);
     }
     return texts;
 }

@@ -3,21 +3,27 @@
 #include <QColor>
 #include <QMap>
 #include <QString>
-#include <variant>
 #include <vector>
 
 namespace quorvane::report::test {
 
 /// A cell of a sheet as its file keeps it: nothing, a number or a text, and how it looks.
 struct SheetCell {
-    std::variant<std::monostate, double, QString> value;
+    enum class Kind { Nothing, Number, Text };
+
+    Kind kind = Kind::Nothing;
+    double digits = 0;
+    QString words;
     QString format; ///< of numbers, "General" when it has none of its own
     bool bold = false;
     QColor colour;
     QColor ground;
 
+    bool isEmpty() const { return kind == Kind::Nothing; }
     double number() const;
     QString text() const;
+    void setNumber(double number);
+    void setText(const QString& text);
 };
 
 /// A workbook read back by the means of the format itself: its parts unpacked and read as XML.

@@ -99,7 +99,7 @@ TEST_F(SpreadsheetOutputTest, NegativeAmountsAreRedAsOnThePage) {
     EXPECT_EQ(sheet.cell(row + 1, AmountColumn).colour, QColor(0xb3, 0x26, 0x1e));
     EXPECT_NE(sheet.cell(row, AmountColumn).colour, QColor(0xb3, 0x26, 0x1e));
     EXPECT_EQ(sheet.cell(row + 1, MarkColumn).text(), u"N/C"_s);
-    EXPECT_TRUE(std::holds_alternative<std::monostate>(sheet.cell(row, MarkColumn).value));
+    EXPECT_TRUE(sheet.cell(row, MarkColumn).isEmpty());
 }
 
 TEST_F(SpreadsheetOutputTest, HeadingsAreReadableOnTheColourOfTheirBox) {
@@ -122,9 +122,9 @@ TEST_F(SpreadsheetOutputTest, MissingValuesLeaveTheirCellsEmpty) {
     std::vector<Sale> sales = sampleSales();
     sales = {sales[2], sales[4]};
     const SheetReader sheet = written(std::move(sales));
-    EXPECT_EQ(sheet.cell(sheet.rowOf(u"Vendedor"_s) + 1, AmountColumn).value.index(), 0U);
+    EXPECT_TRUE(sheet.cell(sheet.rowOf(u"Vendedor"_s) + 1, AmountColumn).isEmpty());
     EXPECT_EQ(sheet.row(sheet.rowCount() - 3).size(), 6);
-    EXPECT_EQ(sheet.cell(sheet.rowCount() - 3, DayColumn).value.index(), 0U);
+    EXPECT_TRUE(sheet.cell(sheet.rowCount() - 3, DayColumn).isEmpty());
 }
 
 TEST_F(SpreadsheetOutputTest, TextsThatLookLikeFormulasStayTexts) {
