@@ -31,7 +31,7 @@ std::unique_ptr<ToolbarHook> QToolBarHook::take(QWidget* container, bool forceTe
 }
 
 QToolBarHook::QToolBarHook(QToolBar& toolbar, bool forceTextRight, const ToolbarPainter& painter)
-    : m_painter(painter), m_toolbar(&toolbar), m_savedStyle(toolbar.toolButtonStyle()) {
+    : m_painter(painter), m_toolbar(&toolbar), m_identity(&toolbar), m_savedStyle(toolbar.toolButtonStyle()) {
     if (forceTextRight)
         toolbar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_textOnRight = toolbar.toolButtonStyle() == Qt::ToolButtonTextBesideIcon;
@@ -65,7 +65,7 @@ void QToolBarHook::watchChild(QObject* child) {
 }
 
 bool QToolBarHook::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_toolbar)
+    if (watched != m_identity)
         return filterChild(watched, event);
     if (event->type() == QEvent::ChildAdded)
         watchChild(static_cast<QChildEvent*>(event)->child());

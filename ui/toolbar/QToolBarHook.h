@@ -40,6 +40,9 @@ private:
 
     const ToolbarPainter& m_painter;
     QPointer<QToolBar> m_toolbar;
+    /// Only to tell the toolbar's events from those of its buttons: while the toolbar goes, it sends events
+    /// without being a toolbar any more.
+    const QObject* m_identity;
     Qt::ToolButtonStyle m_savedStyle;
     bool m_textOnRight;
     /// Of the last repaint, for the next one.
