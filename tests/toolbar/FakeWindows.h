@@ -86,7 +86,13 @@ public:
             onButton();
         return result;
     }
-    QFont font(NativeHandle) const override { return {}; }
+    /// The handle is the font's height.
+    QFont font(NativeHandle handle) const override {
+        QFont result;
+        if (handle != 0)
+            result.setPixelSize(static_cast<int>(handle));
+        return result;
+    }
     QSize iconSize(NativeHandle) const override { return {16, 16}; }
     QPixmap image(NativeHandle list, int) const override {
         QPixmap result(16, 16);

@@ -1,8 +1,11 @@
 #include "tests/toolbar/FailureRecorder.h"
 #include "tests/toolbar/FakeWindows.h"
 #include "tests/toolbar/MapSkin.h"
+#include "ui/toolbar/NativeDescription.h"
+#include "ui/toolbar/NativeToolbarHook.h"
 #include "ui/toolbar/cSubclassToolBar.h"
 #include <gtest/gtest.h>
+#include <set>
 
 namespace toolbar_test {
 
@@ -71,6 +74,97 @@ TEST_F(NativeToolbarTest, TheFlatStyleIsAddedAndTheListStyleOnlyWhenForced) {
     EXPECT_EQ(stylesSet(), (std::vector<qintptr>{plainStyle | 0x800, plainStyle | 0x1800}));
 }
 
+TEST_F(NativeToolbarTest, AToolbarInListStyleKeepsIt) {
+    createToolbar(plainStyle | 0x1000);
+    ASSERT_TRUE(take());
+    EXPECT_EQ(stylesSet(), (std::vector<qintptr>{plainStyle | 0x1800}));
+    skin->UnSubClassToolBar(true);
+    EXPECT_EQ(stylesSet().back(), plainStyle | 0x1000);
+}
+
+TEST_F(NativeToolbarTest, CaptionsStandRightOfTheImagesWhenForcedOrInListStyle) {
+    FakeWindows::Window& window = createToolbar();
+    window.buttons.pop_back();
+    window.buttons.front().rect = {0, 0, 120, 40};
+    window.buttons.front().caption = u"█"_s;
+    skin->SetSkinPicture(mapPicture());
+    const auto imageColumn = [&](qintptr style, bool force) {
+        window.answers[0x439] = style;
+        EXPECT_TRUE(take(force));
+        windows.deliver(toolbar, 15, 0, 0);
+        int x = 0;
+        while (x < 120 && window.shown.pixel(x, 20) != qRgb(0, 101, 0) &&
+               window.shown.pixel(x, 10) != qRgb(0, 101, 0))
+            ++x;
+        return x;
+    };
+    EXPECT_EQ(imageColumn(plainStyle, false), (120 - 16) / 2) << "the caption is below";
+    const int forced = imageColumn(plainStyle, true);
+    EXPECT_LT(forced, (120 - 16) / 2);
+    EXPECT_EQ(imageColumn(plainStyle | 0x1000, false), forced);
+}
+
+TEST_F(NativeToolbarTest, TheOldClassIsRemembered) {
+    const ToolbarPainter painter;
+    windows.create(oldToolbar, container, u"msvb_lib_toolbar"_s);
+    const auto old = NativeToolbarHook::take(windows, container, false, painter, recorder);
+    ASSERT_NE(old, nullptr);
+    EXPECT_TRUE(dynamic_cast<NativeToolbarHook&>(*old).isOldStyle());
+    createToolbar();
+    const auto current = NativeToolbarHook::take(windows, container, false, painter, recorder);
+    ASSERT_NE(current, nullptr);
+    EXPECT_FALSE(dynamic_cast<NativeToolbarHook&>(*current).isOldStyle());
+}
+
+TEST_F(NativeToolbarTest, TheToolbarIsAskedByTheNumbersOfItsMessages) {
+    FakeWindows::Window& window = createToolbar();
+    take();
+    skin->SetSkinPicture(mapPicture());
+    windows.deliver(toolbar, 15, 0, 0);
+    std::set<quint32> sent;
+    for (const auto& entry : window.received)
+        sent.insert(entry.message);
+    EXPECT_EQ(sent, (std::set<quint32>{49, 0x418, 0x431, 0x435, 0x437, 0x438, 0x439}));
+    EXPECT_EQ(message::GetItemRect, 0x41DU);
+    EXPECT_EQ(message::GetButtonInfo, 0x441U);
+    EXPECT_EQ(message::WindowDestroyed, 130U);
+}
+
+TEST_F(NativeToolbarTest, EachAnswerGoesToItsPlaceInTheDescription) {
+    FakeWindows::Window& window = createToolbar();
+    window.answers = {{49, 21}, {0x431, 101}, {0x435, 102}, {0x437, 103}};
+    window.buttons[0].style = 0xF0 | StyleDropDown;
+    windows.cursor = {7, 8};
+    windows.menuVisible = true;
+    const auto bar = describeToolbar(windows, toolbar, true);
+    ASSERT_TRUE(bar);
+    EXPECT_EQ(bar->font.pixelSize(), 21);
+    EXPECT_EQ(bar->size, windows.size);
+    EXPECT_EQ(bar->iconSize, QSize(16, 16));
+    EXPECT_EQ(bar->cursor, QPoint(7, 8));
+    EXPECT_TRUE(bar->menuOpen);
+    EXPECT_TRUE(bar->textOnRight);
+    ASSERT_EQ(bar->buttons.size(), 2U);
+    EXPECT_EQ(bar->buttons[0].style, StyleDropDown) << "bits that do not say what it is are left out";
+    const NativeImages images(windows, toolbar);
+    const auto green = [&](ImageListKind list) {
+        return images.image(list, 0).toImage().pixelColor(0, 0).green();
+    };
+    EXPECT_EQ(green(ImageListKind::Normal), 101);
+    EXPECT_EQ(green(ImageListKind::Hot), 102);
+    EXPECT_EQ(green(ImageListKind::Disabled), 103);
+    windows.menuVisible = false;
+    EXPECT_FALSE(describeToolbar(windows, toolbar, false)->menuOpen);
+}
+
+TEST_F(NativeToolbarTest, AToolbarWithoutImageListsShowsCaptionsOnly) {
+    createToolbar().answers.clear();
+    take();
+    skin->SetSkinPicture(mapPicture());
+    windows.deliver(toolbar, 15, 0, 0);
+    EXPECT_EQ(windows.windows[toolbar].shown, ToolbarSkin(mapPicture()).background(windows.size));
+}
+
 TEST_F(NativeToolbarTest, TheSavedStyleComesBackOnlyWhenAskedFor) {
     createToolbar();
     take(true);
@@ -129,6 +223,7 @@ TEST_F(NativeToolbarTest, AFailureLeavesThePaintingWithTheToolbar) {
     EXPECT_FALSE(take());
     EXPECT_EQ(recorder.log.size(), 1);
     EXPECT_TRUE(recorder.log.front().endsWith(u"SetWindowLong failed, error #5"_s));
+    EXPECT_EQ(stylesSet(), std::vector<qintptr>{plainStyle | 0x800}) << "only its style is changed";
     windows.deliver(toolbar, 15, 0, 0);
     EXPECT_EQ(windows.windows[toolbar].paintings, 0);
 }

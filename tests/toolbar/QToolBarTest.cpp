@@ -199,6 +199,16 @@ TEST_F(QToolBarTest, AButtonTakenOutOfTheToolbarPaintsItselfAgain) {
     EXPECT_NE(own.pixel(20, 0), own.pixel(20, 15)) << "a frame is drawn";
 }
 
+TEST_F(QToolBarTest, AButtonThatIsNotInTheLayoutPaintsItself) {
+    auto* button = new QToolButton(toolbar);
+    button->setAutoRaise(false);
+    button->setGeometry(300, 0, 40, 30);
+    showSkinned();
+    ASSERT_TRUE(button->isVisible());
+    const QImage own = button->grab().toImage();
+    EXPECT_NE(own.pixel(20, 0), own.pixel(20, 15)) << "a frame is drawn";
+}
+
 TEST_F(QToolBarTest, ForcedTextStandsRightOfTheImageUntilItIsRestored) {
     toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     ASSERT_TRUE(skin->SubClassToolBar(container.get(), true));
@@ -209,6 +219,40 @@ TEST_F(QToolBarTest, ForcedTextStandsRightOfTheImageUntilItIsRestored) {
     ASSERT_TRUE(skin->SubClassToolBar(container.get(), true));
     skin->UnSubClassToolBar(true);
     EXPECT_EQ(toolbar->toolButtonStyle(), Qt::ToolButtonTextUnderIcon);
+}
+
+TEST_F(QToolBarTest, CaptionsStandRightOfTheImagesInTheToolbarsOwnStyleToo) {
+    toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    showSkinned();
+    const QToolButton* button = buttonOf(first);
+    // The image alone would be in the middle, as it is above a caption.
+    EXPECT_EQ(pixel(button, {button->width() / 2 - 14, button->height() / 2}), QColor(Qt::green).rgb());
+    EXPECT_NE(pixel(button, {button->width() / 2 + 11, button->height() / 2}), QColor(Qt::green).rgb());
+}
+
+TEST_F(QToolBarTest, IsRepaintedWhenItIsTakenAndGivenBackAndWhenTheMouseComesAndGoes) {
+    int painted = 0;
+    first->setIcon(QIcon(new ActingEngine([&] { ++painted; })));
+    container->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(container.get()));
+    buttonOf(first)->setAutoRaise(false);
+    const auto isRepaintedBy = [&](const std::function<void()>& act) {
+        QTest::qWait(20);
+        painted = 0;
+        act();
+        return QTest::qWaitFor([&] { return painted > 0; }, 1000);
+    };
+    skin->SetSkinPicture(mapPicture());
+    EXPECT_TRUE(isRepaintedBy([&] { skin->SubClassToolBar(container.get()); }));
+    EXPECT_TRUE(isRepaintedBy([&] {
+        QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+        QCoreApplication::sendEvent(buttonOf(first), &enter);
+    }));
+    EXPECT_TRUE(isRepaintedBy([&] {
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(buttonOf(first), &leave);
+    }));
+    EXPECT_TRUE(isRepaintedBy([&] { skin->UnSubClassToolBar(); }));
 }
 
 TEST_F(QToolBarTest, UnsubclassingGivesThePaintingBack) {

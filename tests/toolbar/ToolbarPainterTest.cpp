@@ -1,6 +1,5 @@
 #include "ui/toolbar/ToolbarPainter.h"
 #include "tests/toolbar/MapSkin.h"
-#include "ui/toolbar/Emboss.h"
 #include <QGuiApplication>
 #include <QPalette>
 #include <gtest/gtest.h>
@@ -214,17 +213,6 @@ TEST_F(ToolbarPainterTest, WithoutADisabledListTheNormalImageIsEmbossed) {
     EXPECT_TRUE(boundsOf(image, qRgb(0, 0, 0)).isEmpty());
 }
 
-TEST_F(ToolbarPainterTest, EmbossingPutsLightBelowTheShadow) {
-    QImage icon(6, 6, QImage::Format_ARGB32_Premultiplied);
-    icon.fill(Qt::transparent);
-    icon.setPixel(2, 2, qRgb(0, 0, 0));
-    icon.setPixel(0, 5, qRgb(255, 255, 255));
-    const QImage result = embossed(icon, Qt::white, Qt::gray);
-    EXPECT_EQ(result.pixelColor(2, 2), QColor(Qt::gray));
-    EXPECT_EQ(result.pixelColor(3, 3), QColor(Qt::white));
-    EXPECT_EQ(qAlpha(result.pixel(0, 5)), 0) << "what is light already leaves no trace";
-}
-
 TEST_F(ToolbarPainterTest, ButtonsWithoutAnImageIndexShowNone) {
     add(StyleButton, 4, {0, 0, 40, 40}).image = -1;
     EXPECT_TRUE(boundsOf(paint(), normalIcon).isEmpty());
@@ -301,6 +289,60 @@ TEST_F(ToolbarPainterTest, ACaptionTooLongForItsButtonIsShortened) {
     const QImage image = paint();
     expectBare(image, {0, 0, 20, 40});
     expectBare(image, {60, 0, 140, 40});
+}
+
+TEST_F(ToolbarPainterTest, ContentTooHighForItsButtonIsCut) {
+    ToolbarButton& button = add(StyleButton, 4, {20, 10, 60, 20});
+    button.image = 0;
+    button.caption = u"█"_s;
+    add(StyleButton, 4, {80, 0, 60, 40}).caption = u"█"_s;
+    const QImage image = paint();
+    EXPECT_FALSE(boundsOf(image, normalIcon).isEmpty());
+    expectBare(image, {20, 0, 60, 10});
+    expectBare(image, {20, 30, 60, 10});
+    EXPECT_GT(boundsOf(image, normalText).right(), 80) << "the next button is whole";
+}
+
+TEST_F(ToolbarPainterTest, ACaptionOfTwoLinesIsShownInOne) {
+    ToolbarButton& button = add(StyleButton, 4, {20, 0, 120, 40});
+    button.caption = u"█ █"_s;
+    const QRect oneLine = boundsOf(paint(), normalText);
+    ASSERT_FALSE(oneLine.isEmpty());
+    button.caption = u"█\n█"_s;
+    EXPECT_EQ(boundsOf(paint(), normalText), oneLine);
+}
+
+TEST_F(ToolbarPainterTest, AnAmpersandMarksALetterAndIsNotShown) {
+    ToolbarButton& button = add(StyleButton, 4, {20, 0, 120, 40});
+    button.caption = u"██"_s;
+    const QRect plain = boundsOf(paint(), normalText);
+    button.caption = u"█&█"_s;
+    const QRect marked = boundsOf(paint(), normalText);
+    EXPECT_EQ(marked.left(), plain.left());
+    EXPECT_EQ(marked.right(), plain.right());
+}
+
+TEST_F(ToolbarPainterTest, TheBackgroundIsNeverTransparent) {
+    for (int x = 195; x < 210; ++x)
+        picture.setPixel(x, 0, magenta);
+    EXPECT_EQ(paint().pixel(100, 0), magenta);
+}
+
+TEST_F(ToolbarPainterTest, ThePartsOfAPressedDropDownButtonAreBothPressed) {
+    add(StyleDropDown, 6, {10, 2, 50, 30});
+    bar.cursor = {20, 10};
+    const QImage image = paint();
+    EXPECT_EQ(image.pixel(10, 2), mapPixel(75, 0));
+    EXPECT_EQ(image.pixel(47, 2), mapPixel(135, 0));
+}
+
+TEST_F(ToolbarPainterTest, TheArrowIsDisabledOnlyWithoutAnyState) {
+    ToolbarButton& button = add(StyleDropDown, 0, {10, 2, 50, 31});
+    EXPECT_FALSE(boundsOf(paint(), disabledText).isEmpty());
+    for (const quint8 state : {1, 32}) {
+        button.state = state;
+        EXPECT_EQ(paint().pixel(53, 17), mapPixel(183, 3)) << int(state);
+    }
 }
 
 TEST_F(ToolbarPainterTest, APartIsTheSameAsThatPartOfTheWhole) {

@@ -33,6 +33,8 @@ ButtonFaces hotFacesOf(const ToolbarButton& button) {
 }
 
 ButtonFaces hotDropDownFaces(quint8 state, Pointer pointer, bool menuOpen) {
+    // At the end of a line a drop-down button has no faces: its state byte with the wrapped bit is not known
+    // here.
     switch (state) {
     case StateEnabled:
         return {{},
@@ -75,10 +77,14 @@ std::optional<CaptionColour> captionColourOf(const ToolbarButton& button) {
             return std::nullopt;
         return CaptionColour::Pressed;
     default:
+        // The number counts, not its bits: a wrapped button (32) has the normal colour even when it is
+        // disabled, and one that is pressed and wrapped (38) keeps it.
         return button.state >= StateEnabled ? CaptionColour::Normal : CaptionColour::Disabled;
     }
 }
 
+// At the end of a line, where the state byte has one bit more, a pressed button shows its pressed face but
+// does not sink.
 bool isSunk(const ToolbarButton& button) {
     return isCheckedState(button.state) || button.state == (StateEnabled | StatePressed);
 }

@@ -4,6 +4,9 @@ namespace dalvora::toolbar {
 
 namespace {
 
+/// Bits of a style byte that say what a button is; the others concern its width and its caption.
+constexpr quint8 kindBits = 0x0F;
+
 NativeHandle ask(NativeWindows& windows, NativeHandle toolbar, quint32 message) {
     return static_cast<NativeHandle>(windows.send(toolbar, message, 0, 0));
 }
@@ -22,7 +25,7 @@ std::optional<ToolbarDescription> describeToolbar(NativeWindows& windows, Native
     bar.menuOpen = windows.isMenuVisible();
     const auto count = static_cast<int>(windows.send(toolbar, message::ButtonCount, 0, 0));
     for (int i = 0; i < count && windows.isWindow(toolbar); ++i)
-        bar.buttons.push_back(windows.button(toolbar, i));
+        bar.buttons.emplace_back(windows.button(toolbar, i)).style &= kindBits;
     if (!windows.isWindow(toolbar))
         return std::nullopt;
     return bar;

@@ -9,6 +9,8 @@ std::unique_ptr<ToolbarHook> NativeToolbarHook::take(NativeWindows& windows, Nat
     std::unique_ptr<NativeToolbarHook> hook(new NativeToolbarHook(windows, painter, reporter));
     if (!hook->find(container))
         return nullptr;
+    // The style is changed first and stays so when the interception fails: the toolbar then paints itself
+    // flat.
     hook->changeStyle(forceTextRight);
     if (!hook->intercept())
         return nullptr;

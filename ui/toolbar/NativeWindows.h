@@ -67,7 +67,7 @@ public:
     virtual QSize windowSize(NativeHandle window) const = 0;
     virtual QPoint cursorIn(NativeHandle window) const = 0;
     virtual bool isMenuVisible() const = 0;
-    /// Information and rectangle of a button by its index.
+    /// Information, with its whole style byte, and rectangle of a button by its index.
     virtual ToolbarButton button(NativeHandle toolbar, int index) const = 0;
     virtual QFont font(NativeHandle font) const = 0;
     virtual QSize iconSize(NativeHandle imageList) const = 0;

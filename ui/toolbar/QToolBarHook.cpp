@@ -2,6 +2,7 @@
 #include "ui/toolbar/QToolBarDescription.h"
 #include "ui/toolbar/SubclassFailure.h"
 #include <QChildEvent>
+#include <QLayout>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolBar>
@@ -31,7 +32,7 @@ std::unique_ptr<ToolbarHook> QToolBarHook::take(QWidget* container, bool forceTe
 }
 
 QToolBarHook::QToolBarHook(QToolBar& toolbar, bool forceTextRight, const ToolbarPainter& painter)
-    : m_painter(painter), m_toolbar(&toolbar), m_identity(&toolbar), m_savedStyle(toolbar.toolButtonStyle()) {
+    : m_painter(painter), m_watched(&toolbar), m_toolbar(&toolbar), m_savedStyle(toolbar.toolButtonStyle()) {
     if (forceTextRight)
         toolbar.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_textOnRight = toolbar.toolButtonStyle() == Qt::ToolButtonTextBesideIcon;
@@ -65,12 +66,10 @@ void QToolBarHook::watchChild(QObject* child) {
 }
 
 bool QToolBarHook::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_identity)
+    if (watched != m_watched)
         return filterChild(watched, event);
     if (event->type() == QEvent::ChildAdded)
         watchChild(static_cast<QChildEvent*>(event)->child());
-    if (event->type() == QEvent::ChildRemoved)
-        static_cast<QChildEvent*>(event)->child()->removeEventFilter(this);
     if (event->type() != QEvent::Paint || !m_painter.canPaint())
         return false;
     paint(*static_cast<QPaintEvent*>(event));
@@ -80,7 +79,7 @@ bool QToolBarHook::eventFilter(QObject* watched, QEvent* event) {
 bool QToolBarHook::filterChild(QObject* child, QEvent* event) {
     switch (event->type()) {
     case QEvent::Paint:
-        return m_painter.canPaint() && isPaintedChild(*static_cast<QWidget*>(child));
+        return m_painter.canPaint() && isPaintedHere(*static_cast<QWidget*>(child));
     case QEvent::Enter:
     case QEvent::Leave:
         // Not every style has its buttons repainted when the mouse comes and goes.
@@ -89,6 +88,11 @@ bool QToolBarHook::filterChild(QObject* child, QEvent* event) {
     default:
         return false;
     }
+}
+
+/// A button that is not, or no longer, in the toolbar's layout is not described, so it paints itself.
+bool QToolBarHook::isPaintedHere(const QWidget& child) const {
+    return m_toolbar && isPaintedChild(child) && m_toolbar->layout()->indexOf(&child) >= 0;
 }
 
 /// Works on copies and draws aside first: whatever answers while the toolbar is described, such as the engine

@@ -36,13 +36,14 @@ private:
 
     void watchChild(QObject* child);
     bool filterChild(QObject* child, QEvent* event);
+    bool isPaintedHere(const QWidget& child) const;
     void paint(const QPaintEvent& event);
 
     const ToolbarPainter& m_painter;
+    /// The toolbar by its address only: it still sends events when it is no longer a toolbar but the rest of
+    /// one that is being destroyed.
+    const QObject* m_watched;
     QPointer<QToolBar> m_toolbar;
-    /// Only to tell the toolbar's events from those of its buttons: while the toolbar goes, it sends events
-    /// without being a toolbar any more.
-    const QObject* m_identity;
     Qt::ToolButtonStyle m_savedStyle;
     bool m_textOnRight;
     /// Of the last repaint, for the next one.

@@ -48,8 +48,7 @@ QString messageNotFoundText(quint32 message) {
 
 QString tableOverflowText() {
     return u"Message table overflow. Either increase the value of Const MSG_ENTRIES or use ALL_MESSAGES "
-           u"instead of "
-           u"specific message values"_s;
+           u"instead of specific message values"_s;
 }
 
 } // namespace dalvora::toolbar

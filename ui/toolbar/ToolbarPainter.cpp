@@ -43,13 +43,19 @@ void paintContent(QPainter& painter, const ToolbarDescription& bar, const Toolba
                   const QPixmap& image) {
     const QString caption = captionOf(button);
     const QFontMetrics metrics = painter.fontMetrics();
-    const QSize captionSize = caption.isEmpty() ? QSize() : metrics.size(Qt::TextShowMnemonic, caption);
+    const QSize captionSize =
+        caption.isEmpty() ? QSize() : metrics.size(Qt::TextShowMnemonic | Qt::TextSingleLine, caption);
     ContentLayout places = layoutContent(contentRect(button), image.isNull() ? QSize() : bar.iconSize,
                                          captionSize, bar.textOnRight);
     if (isSunk(button)) {
         places.image.translate(1, 1);
         places.caption.translate(1, 1);
     }
+    // What is too high for its button is cut: nothing beside the button would be repainted with it.
+    const QRect content = places.image | places.caption;
+    const bool cut = !content.isEmpty() && !button.rect.contains(content);
+    if (cut)
+        painter.setClipRect(button.rect);
     if (!image.isNull()) {
         // An image smaller than the list's size stands in the middle of its place.
         QRect place({}, image.deviceIndependentSize().toSize());
@@ -63,6 +69,8 @@ void paintContent(QPainter& painter, const ToolbarDescription& bar, const Toolba
             fits ? caption
                  : metrics.elidedText(caption, Qt::ElideRight, places.caption.width(), Qt::TextShowMnemonic));
     }
+    if (cut)
+        painter.setClipping(false);
 }
 
 } // namespace
@@ -126,6 +134,7 @@ void ToolbarPainter::paintSeparator(QPainter& painter, const QRect& rect) const 
 }
 
 void ToolbarPainter::paintArrow(QPainter& painter, const ToolbarButton& button) const {
+    // Any bit makes the arrow look enabled: that of a disabled button that is checked or wrapped does too.
     const QImage glyph = m_skin.arrow(button.state != 0);
     const QRect rect = arrowRect(button);
     painter.drawImage(rect.x() + (rect.width() - glyph.width()) / 2,

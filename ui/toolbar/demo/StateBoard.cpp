@@ -43,7 +43,7 @@ constexpr std::array rows{
     BoardRow{u"Fin de línea, bajo el ratón", StateEnabled | StateWrapped, true},
     BoardRow{u"Fin de línea, pulsado", StateEnabled | StateWrapped | StatePressed, true},
     BoardRow{u"Desactivado", 0, false},
-    BoardRow{u"Desactivado, sin imagen", 0, false, false},
+    BoardRow{u"Sin imagen desactivada", 0, false, false},
     BoardRow{u"Desactivado y marcado", StateChecked, false},
 };
 

@@ -16,9 +16,6 @@ constexpr const wchar_t* propertyName = L"DalvoraToolbarInterception";
 /// Longest caption that is read, with its final NUL.
 constexpr std::size_t captionSize = 256;
 
-/// Bits of a style byte that say what a button is; the others concern its width and its caption.
-constexpr quint8 kindBits = 0x0F;
-
 /// One window whose messages come here. It stays with the window after its release when another program part
 /// has come between, and then only hands on.
 struct Interception {
@@ -178,7 +175,7 @@ ToolbarButton WindowsToolbars::button(NativeHandle toolbar, int index) const {
         FALSE)
         rect = {};
     ToolbarButton button;
-    button.style = static_cast<quint8>(info.fsStyle & kindBits);
+    button.style = info.fsStyle;
     button.state = info.fsState;
     button.rect = {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
     button.image = info.iImage;
