@@ -91,10 +91,11 @@ void createDemonstrationDatabase(const QString& path) {
 void createTables(quorvane::Connection& connection) {
     const QString driver =
         quorvane::ConnectString::parse(connection.connectString()).value(QStringLiteral("driver"));
-    const auto engine = driver.compare(u"sqlite", Qt::CaseInsensitive) == 0
-                            ? dalvora::SchemaEngine::Sqlite
-                            : dalvora::SchemaEngine::PostgreSql;
-    const QString script = QString::fromUtf8(dalvora::erpTables(engine) + dalvora::sessionTables(engine));
+    const auto engine = dalvora::schemaEngine(driver);
+    if (!engine)
+        throw quorvane::RunTimeError(quorvane::ErrorCannotCreateObject,
+                                     QStringLiteral("No hay tablas para la base de datos '%1'").arg(driver));
+    const QString script = QString::fromUtf8(dalvora::erpTables(*engine) + dalvora::sessionTables(*engine));
     inTransaction(connection, [&] {
         for (const QString& statement : quorvane::statementsOf(script))
             connection.execute(statement);

@@ -10,10 +10,27 @@ namespace dalvora {
 
 namespace {
 
+struct EngineName {
+    SchemaEngine engine;
+    QStringView name; ///< as a driver and as a folder
+};
+
+constexpr EngineName engineNames[] = {
+    {SchemaEngine::Sqlite, u"sqlite"},
+    {SchemaEngine::PostgreSql, u"postgresql"},
+    {SchemaEngine::SqlServer, u"sqlserver"},
+};
+
+QStringView folderOf(SchemaEngine engine) {
+    for (const EngineName& known : engineNames)
+        if (known.engine == engine)
+            return known.name;
+    return {};
+}
+
 QByteArray script(SchemaEngine engine, const char* name) {
     initialiseResources();
-    const char* folder = engine == SchemaEngine::Sqlite ? "sqlite" : "postgresql";
-    QFile file(QStringLiteral(":/sql/%1/%2").arg(QLatin1String(folder), QLatin1String(name)));
+    QFile file(QStringLiteral(":/sql/%1/%2").arg(folderOf(engine), QLatin1String(name)));
     // The text is part of the program: without it there is no program to report to.
     if (!file.open(QIODevice::ReadOnly))
         qFatal("missing resource %s", qPrintable(file.fileName()));
@@ -21,6 +38,13 @@ QByteArray script(SchemaEngine engine, const char* name) {
 }
 
 } // namespace
+
+std::optional<SchemaEngine> schemaEngine(QStringView driver) {
+    for (const EngineName& known : engineNames)
+        if (driver.compare(known.name, Qt::CaseInsensitive) == 0)
+            return known.engine;
+    return std::nullopt;
+}
 
 QByteArray erpTables(SchemaEngine engine) {
     return script(engine, "erp.sql");

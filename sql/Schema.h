@@ -1,11 +1,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringView>
+#include <optional>
 
 namespace dalvora {
 
 /// Databases that have a schema here.
-enum class SchemaEngine { Sqlite, PostgreSql };
+enum class SchemaEngine { Sqlite, PostgreSql, SqlServer };
+
+/// The engine that a connect string's driver names; nothing for one without a schema here.
+std::optional<SchemaEngine> schemaEngine(QStringView driver);
 
 /// The statements that create the ERP's tables in an empty database (UTF-8, separated by ";").
 QByteArray erpTables(SchemaEngine engine = SchemaEngine::Sqlite);
