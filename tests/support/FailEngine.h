@@ -58,6 +58,8 @@ public:
         failIf(++m_plan.statements == m_plan.atStatement);
         return m_engine->execute(sql);
     }
+    void beginReading() override { m_engine->beginReading(); }
+    void endReading() override { m_engine->endReading(); }
     void begin() override {
         failIf(m_plan.onBegin);
         m_engine->begin();

@@ -2,6 +2,7 @@
 
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Recordset.h"
+#include <QObject>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -26,6 +27,9 @@ public:
     using StatementObserver = std::function<void(const QString& sql)>;
 
     explicit Connection(EngineOpener opener = openEngine);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
     void open(const QString& connectString);
     void close();
@@ -38,6 +42,13 @@ public:
     qint64 execute(const QString& sql);
     /// Affected rows of the last executed statement.
     qint64 affectedRows() const { return m_affectedRows; }
+
+    /// What is read from here on is one state of the database: that of the first SELECT. It ends with
+    /// endReading, another beginReading, a statement that writes, a transaction, or when the program returns
+    /// to its event loop, since nobody shall look at an old state while a user thinks.
+    void beginReading();
+    /// Never raises: nothing can be lost with it.
+    void endReading() noexcept;
 
     /// Transactions do not nest: a second beginTrans is error 5.
     void beginTrans();
@@ -58,6 +69,12 @@ private:
     /// Keeps an error of the engine of a generation; a loss concerns the present one only.
     void note(const RunTimeError& error, int generation);
     template<class Operation> auto guarded(Operation&& operation);
+    /// Asks the event loop to end the reading when the present event has been handled.
+    void endReadingWithTheEvent();
+    void endReadingWithoutRows() noexcept;
+
+    /// Asked: the next SELECT begins. Over: ends with the last result that is still being fetched.
+    enum class Reading { No, Asked, Open, Over };
 
     EngineOpener m_opener;
     StatementObserver m_observer;
@@ -66,6 +83,10 @@ private:
     std::vector<NativeError> m_errors;
     qint64 m_affectedRows = 0;
     int m_generation = 0; ///< counts the engines opened
+    int m_fetching = 0;   ///< results that have rows left
+    Reading m_reading = Reading::No;
+    std::unique_ptr<QObject> m_event; ///< receives the call at the end of an event
+    bool m_eventAsked = false;
     bool m_inTransaction = false;
     bool m_lost = false;
 };

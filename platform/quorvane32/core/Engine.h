@@ -30,6 +30,11 @@ public:
     virtual std::unique_ptr<Cursor> select(const QString& sql) = 0;
     /// Runs one statement and returns the number of affected rows. Error 3705 for more than one.
     virtual qint64 execute(const QString& sql) = 0;
+    /// From here to endReading() every SELECT sees the database as the first of them finds it, and keeps
+    /// nobody from writing. Never called inside a transaction, nor is anything but select() in between. An
+    /// engine that has no such thing reads statement by statement.
+    virtual void beginReading() {}
+    virtual void endReading() {}
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() = 0;

@@ -73,6 +73,7 @@ void ErpSession::Initialize(Connection& connection, const QString&, const QStrin
     m_rightsRead.reset();
     noticeReadOnly();
     connection.open(connectString);
+    m_programs = &connection;
 }
 
 void ErpSession::openOwn(const QString& connectString) {
@@ -186,6 +187,8 @@ QString ErpSession::readRights() const {
 }
 
 QString ErpSession::AccessRights() const {
+    if (m_programs)
+        m_programs->beginReading();
     if (!m_own.isOpen())
         return noRights;
     const auto now = m_clock.steady();
@@ -203,6 +206,9 @@ QString ErpSession::AccessRights() const {
 }
 
 void ErpSession::Audit(int code, const QString& text) {
+    // The operation that is told of is over.
+    if (m_programs)
+        m_programs->endReading();
     m_audit.add({m_clock.wall().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")), m_user, m_company.code,
                  m_program, code, text, m_client});
     if (m_own.isOpen())

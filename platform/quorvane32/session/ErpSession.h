@@ -44,7 +44,8 @@ public:
     QString CompanyCode() const override { return m_company.code; }
     QString UserName() const override { return m_user; }
     /// Read anew when a second has passed, so that a right withdrawn meanwhile is gone; "----" for a user who
-    /// was removed. While the database cannot be read they stay what they were.
+    /// was removed. While the database cannot be read they stay what they were. A program asks for them when
+    /// an operation begins: what it then reads from its connection is one state of the database.
     QString AccessRights() const override;
     /// A database that cannot be written is opened for reading: then this says so, and the rights hold
     /// neither W nor D.
@@ -70,6 +71,7 @@ private:
     ApplicationInfo m_application;
     QString m_client;
     Profile m_profile;
+    Connection* m_programs = nullptr; ///< the program's connection
     mutable Connection m_own;
     mutable Accounts m_accounts{m_own};
     AuditTrail m_audit{m_own};

@@ -1,8 +1,11 @@
 #include "platform/quorvane32/core/postgres/PostgresEngine.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/postgres/PostgresCursor.h"
+#include "platform/quorvane32/core/postgres/PostgresErrors.h"
+#include <QSqlError>
 #include <QSqlRecord>
 #include <QVariant>
+#include <utility>
 
 namespace quorvane::postgres {
 
@@ -44,7 +47,7 @@ QSqlQuery PostgresEngine::run(const QString& sql) {
 
 std::unique_ptr<Cursor> PostgresEngine::select(const QString& sql) {
     const QString adapted = m_dialect.adaptQuery(sql);
-    QSqlQuery query = run(adapted);
+    QSqlQuery query = m_reading == Reading::Asked ? runFirstRead(adapted) : run(adapted);
     const QSqlRecord record = query.record();
     std::vector<QString> names;
     names.reserve(record.count());
@@ -57,6 +60,24 @@ qint64 PostgresEngine::execute(const QString& sql) {
     const QSqlQuery query = run(m_dialect.adaptCommand(sql));
     // A definition has no count, a query counts what it found.
     return query.isSelect() ? 0 : qMax(0, query.numRowsAffected());
+}
+
+QSqlQuery PostgresEngine::runFirstRead(const QString& sql) {
+    // Each statement would see a state of its own otherwise. It holds no row, so a list that is left open on
+    // the screen may stay.
+    static const QString beginning = QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; "
+                                                    "SET LOCAL idle_in_transaction_session_timeout = 0; ");
+    m_reading = Reading::Open;
+    QSqlQuery query = m_link->run(beginning + sql);
+    for (int answer = 0; answer < 2; ++answer)
+        if (!query.nextResult())
+            raiseStatement(query.lastError());
+    return query;
+}
+
+void PostgresEngine::endReading() {
+    if (std::exchange(m_reading, Reading::No) == Reading::Open)
+        m_link->run(QStringLiteral("COMMIT"));
 }
 
 void PostgresEngine::begin() {

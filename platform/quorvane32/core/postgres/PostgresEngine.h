@@ -21,6 +21,9 @@ public:
 
     std::unique_ptr<Cursor> select(const QString& sql) override;
     qint64 execute(const QString& sql) override;
+    /// The first SELECT takes the beginning along, so that it costs no round trip.
+    void beginReading() override { m_reading = Reading::Asked; }
+    void endReading() override;
     void begin() override;
     /// Error 3930 when a statement of the transaction had failed: the server then stores nothing. A link that
     /// is lost while the server's answer is waited for is told as an unknown outcome (error 3709).
@@ -29,9 +32,13 @@ public:
 
 private:
     QSqlQuery run(const QString& sql);
+    QSqlQuery runFirstRead(const QString& sql);
+
+    enum class Reading { No, Asked, Open };
 
     std::shared_ptr<PostgresLink> m_link;
     PostgresDialect m_dialect;
+    Reading m_reading = Reading::No;
     bool m_inTransaction = false;
     bool m_failed = false; ///< a statement of the transaction
 };

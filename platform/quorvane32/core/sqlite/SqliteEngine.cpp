@@ -152,6 +152,16 @@ void SqliteEngine::runToEnd(sqlite3_stmt* statement) {
     sqlite3_reset(statement);
 }
 
+void SqliteEngine::beginReading() {
+    requireItsFile();
+    run(m_database.get(), "BEGIN");
+}
+
+void SqliteEngine::endReading() {
+    if (!sqlite3_get_autocommit(m_database.get()))
+        run(m_database.get(), "COMMIT");
+}
+
 void SqliteEngine::begin() {
     requireItsFile();
     useWriteAheadLog();

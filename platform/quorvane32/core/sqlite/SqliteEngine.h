@@ -21,6 +21,8 @@ public:
 
     std::unique_ptr<Cursor> select(const QString& sql) override;
     qint64 execute(const QString& sql) override;
+    void beginReading() override;
+    void endReading() override;
     void begin() override;
     void commit() override;
     void rollback() override;
