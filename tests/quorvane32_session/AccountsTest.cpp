@@ -28,32 +28,32 @@ TEST(Passwords, AnEmptyOrDamagedHashFitsNothing) {
     }
 }
 
-class AccountsTest : public testing::Test {
+class AccountsTest : public testing::TestWithParam<TestEngine> {
 protected:
     void SetUp() override { connection.open(folder.connectString()); }
     QString refusal(const QString& user, const QString& given) { return accounts.refusal(user, given, now); }
     const QString correct = QString::fromUtf16(password);
     const QString wrong = QStringLiteral("otra");
     const QString wrongText = QStringLiteral("Usuario o contraseña incorrectos.");
-    SessionFolder folder;
+    SessionFolder folder{GetParam()};
     Connection connection;
     Accounts accounts{connection};
     QDateTime now{QDate(2026, 3, 5), QTime(9, 30)};
 };
 
-TEST_F(AccountsTest, TheRightPasswordSignsInInAnyCaseOfTheUser) {
+TEST_P(AccountsTest, TheRightPasswordSignsInInAnyCaseOfTheUser) {
     EXPECT_EQ(refusal(QStringLiteral("ana"), correct), QString());
     EXPECT_EQ(refusal(QStringLiteral("ANA"), correct), QString());
 }
 
-TEST_F(AccountsTest, UnknownUsersAndWrongPasswordsAreToldAlike) {
+TEST_P(AccountsTest, UnknownUsersAndWrongPasswordsAreToldAlike) {
     EXPECT_EQ(refusal(QStringLiteral("ana"), wrong), wrongText);
     EXPECT_EQ(refusal(QStringLiteral("nadie"), correct), wrongText);
     EXPECT_EQ(refusal(QStringLiteral("' or 1=1 --"), correct), wrongText);
     EXPECT_EQ(refusal(QString(), QString()), wrongText);
 }
 
-TEST_F(AccountsTest, ThreeWrongPasswordsLockForFiveMinutes) {
+TEST_P(AccountsTest, ThreeWrongPasswordsLockForFiveMinutes) {
     const QString user = QStringLiteral("ana");
     EXPECT_EQ(refusal(user, wrong), wrongText);
     EXPECT_EQ(refusal(user, wrong), wrongText);
@@ -69,7 +69,7 @@ TEST_F(AccountsTest, ThreeWrongPasswordsLockForFiveMinutes) {
     EXPECT_EQ(refusal(user, correct), QString());
 }
 
-TEST_F(AccountsTest, TheLockOutlivesTheProgram) {
+TEST_P(AccountsTest, TheLockOutlivesTheProgram) {
     for (int i = 0; i < 3; ++i)
         refusal(QStringLiteral("ana"), wrong);
     Connection another;
@@ -77,7 +77,7 @@ TEST_F(AccountsTest, TheLockOutlivesTheProgram) {
     EXPECT_TRUE(Accounts(another).refusal(QStringLiteral("ana"), correct, now).contains(u"bloqueado"));
 }
 
-TEST_F(AccountsTest, ASuccessForgetsTheFailuresBefore) {
+TEST_P(AccountsTest, ASuccessForgetsTheFailuresBefore) {
     const QString user = QStringLiteral("ana");
     refusal(user, wrong);
     refusal(user, wrong);
@@ -87,10 +87,10 @@ TEST_F(AccountsTest, ASuccessForgetsTheFailuresBefore) {
     EXPECT_EQ(refusal(user, correct), QString());
 }
 
-TEST_F(AccountsTest, FailuresThatCannotBeStoredLockAllTheSame) {
-    connection.open(QStringLiteral("Driver=sqlite;Timeout=10;Database=") + folder.database());
+TEST_P(AccountsTest, FailuresThatCannotBeStoredLockAllTheSame) {
+    connection.open(folder.connectString(10));
     {
-        const WriteLock lock(folder.database());
+        const WriteLock lock(folder);
         EXPECT_EQ(refusal(QStringLiteral("ana"), wrong), wrongText);
         EXPECT_EQ(refusal(QStringLiteral("ANA"), wrong), wrongText);
         EXPECT_TRUE(refusal(QStringLiteral("ana"), wrong).contains(u"bloqueado"));
@@ -100,7 +100,7 @@ TEST_F(AccountsTest, FailuresThatCannotBeStoredLockAllTheSame) {
     EXPECT_EQ(refusal(QStringLiteral("ana"), correct), QString());
 }
 
-TEST_F(AccountsTest, AnotherLayoutIsToldByNameAndVersion) {
+TEST_P(AccountsTest, AnotherLayoutIsToldByNameAndVersion) {
     accounts.checkLayout(QStringLiteral("q.db"));
     folder.execute(QStringLiteral("UPDATE ses_esquema SET Version = 0"));
     RunTimeError error = errorOf([&] { accounts.checkLayout(QStringLiteral("q.db")); });
@@ -117,7 +117,7 @@ TEST_F(AccountsTest, AnotherLayoutIsToldByNameAndVersion) {
     EXPECT_TRUE(error.description().startsWith(u"q.db no es una base de datos de Quorvane ERP"));
 }
 
-TEST_F(AccountsTest, RightsAreFourLettersAndGoWithTheUser) {
+TEST_P(AccountsTest, RightsAreFourLettersAndGoWithTheUser) {
     const QString program = QStringLiteral("veltrano");
     EXPECT_EQ(accounts.rights(QStringLiteral("ana"), program), QStringLiteral("RWXD"));
     EXPECT_EQ(accounts.rights(QStringLiteral("sin"), program), std::nullopt);
@@ -127,5 +127,7 @@ TEST_F(AccountsTest, RightsAreFourLettersAndGoWithTheUser) {
     folder.execute(QStringLiteral("DELETE FROM ses_usuario WHERE Usuario = 'ana'"));
     EXPECT_EQ(accounts.rights(QStringLiteral("ana"), program), std::nullopt);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, AccountsTest, testing::ValuesIn(allEngines), engineName);
 
 } // namespace

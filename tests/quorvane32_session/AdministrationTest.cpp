@@ -7,20 +7,20 @@ namespace {
 using namespace quorvane;
 using namespace quorvane::test;
 
-class AdministrationTest : public testing::Test {
+class AdministrationTest : public testing::TestWithParam<TestEngine> {
 protected:
     void SetUp() override { connection.open(folder.connectString()); }
     const QString program = QStringLiteral("VELTRANO");
     const QString eva = QStringLiteral("eva");
     const QString newPassword = QStringLiteral("Larga-y-nueva");
-    SessionFolder folder;
+    SessionFolder folder{GetParam()};
     Connection connection;
     Administration administration{connection};
     Accounts accounts{connection};
     QDateTime now{QDate(2026, 3, 5), QTime(9, 30)};
 };
 
-TEST_F(AdministrationTest, ANewUserSignsInOnceHeHasRights) {
+TEST_P(AdministrationTest, ANewUserSignsInOnceHeHasRights) {
     administration.addUser(eva, QStringLiteral("Eva Núñez"), newPassword);
     EXPECT_EQ(accounts.refusal(eva, newPassword, now), QString());
     EXPECT_EQ(accounts.rights(eva, program), std::nullopt);
@@ -30,7 +30,7 @@ TEST_F(AdministrationTest, ANewUserSignsInOnceHeHasRights) {
     EXPECT_EQ(accounts.rights(eva, program), QStringLiteral("R-XD"));
 }
 
-TEST_F(AdministrationTest, RefusesWhatIsNotAllowed) {
+TEST_P(AdministrationTest, RefusesWhatIsNotAllowed) {
     EXPECT_EQ(errorOf([&] { administration.addUser(eva, QString(), QStringLiteral("corta")); }).number(), 5);
     EXPECT_EQ(errorOf([&] { administration.addUser(QStringLiteral(" "), QString(), newPassword); }).number(),
               5);
@@ -50,14 +50,14 @@ TEST_F(AdministrationTest, RefusesWhatIsNotAllowed) {
         EXPECT_EQ(errorOf(work).number(), ErrorItemNotFound);
 }
 
-TEST_F(AdministrationTest, ARemovedUserLeavesNothingBehind) {
+TEST_P(AdministrationTest, ARemovedUserLeavesNothingBehind) {
     administration.removeUser(QStringLiteral("Ana"));
     EXPECT_EQ(accounts.userCode(QStringLiteral("ana")), std::nullopt);
     EXPECT_EQ(folder.value(QStringLiteral("SELECT count(*) FROM ses_derecho WHERE Usuario = 'ana'")),
               QStringLiteral("0"));
 }
 
-TEST_F(AdministrationTest, ANewPasswordOrUnlockEndsALock) {
+TEST_P(AdministrationTest, ANewPasswordOrUnlockEndsALock) {
     const QString ana = QStringLiteral("ana");
     const auto lock = [&] {
         for (int i = 0; i < 3; ++i)
@@ -73,7 +73,7 @@ TEST_F(AdministrationTest, ANewPasswordOrUnlockEndsALock) {
     EXPECT_EQ(accounts.refusal(ana, newPassword, now), QString());
 }
 
-TEST_F(AdministrationTest, ListsUsersWithTheirRights) {
+TEST_P(AdministrationTest, ListsUsersWithTheirRights) {
     administration.setRights(QStringLiteral("ana"), QStringLiteral("OTRO"), QStringLiteral("R---"));
     const std::vector<UserRecord> users = administration.users(now);
     ASSERT_EQ(users.size(), 3U);
@@ -84,7 +84,7 @@ TEST_F(AdministrationTest, ListsUsersWithTheirRights) {
     EXPECT_TRUE(users[2].rights.empty());
 }
 
-TEST_F(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
+TEST_P(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
     AuditTrail trail(connection);
     for (int i = 1; i <= 5; ++i)
         trail.add({QStringLiteral("m"), QStringLiteral("ana"), QStringLiteral("001"), program, i,
@@ -95,5 +95,7 @@ TEST_F(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
     EXPECT_EQ(entries[0].text, QStringLiteral("4"));
     EXPECT_EQ(entries[1].code, 5);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, AdministrationTest, testing::ValuesIn(allEngines), engineName);
 
 } // namespace

@@ -7,36 +7,33 @@ namespace {
 using namespace quorvane;
 using namespace quorvane::test;
 
-class AuditTrailTest : public testing::Test {
+class AuditTrailTest : public testing::TestWithParam<TestEngine> {
 protected:
-    void SetUp() override {
-        connection.open(QStringLiteral("Driver=sqlite;Timeout=10;Database=") + folder.database());
-    }
+    void SetUp() override { connection.open(folder.connectString(10)); }
     void add(const QString& text) {
         trail.add({QStringLiteral("2026-03-05 09:30:00.000"), QStringLiteral("ana"), QStringLiteral("001"),
                    QStringLiteral("VELTRANO"), AuditChange, text, QStringLiteral("pc-1")});
     }
-    QString stored(const QString& expression) {
-        return folder.value(QStringLiteral("SELECT ") + expression + QStringLiteral(" FROM ses_auditoria"));
+    /// The entries in their order.
+    QStringList stored(const QString& columns = QStringLiteral("Texto")) {
+        return folder.rows(QStringLiteral("SELECT %1 FROM ses_auditoria ORDER BY Id").arg(columns));
     }
-    SessionFolder folder;
+    SessionFolder folder{GetParam()};
     Connection connection;
     AuditTrail trail{connection};
 };
 
-TEST_F(AuditTrailTest, StoresEveryPartOfAnEntry) {
+TEST_P(AuditTrailTest, StoresEveryPartOfAnEntry) {
     add(QStringLiteral("001:COMISION:O'NEIL; DROP TABLE x --"));
     EXPECT_TRUE(trail.store());
-    EXPECT_EQ(stored(QStringLiteral(
-                  "Momento || '|' || Usuario || '|' || Empresa || '|' || Programa || '|' || Codigo "
-                  "|| '|' || Texto || '|' || Equipo")),
-              QStringLiteral("2026-03-05 09:30:00.000|ana|001|VELTRANO|5|001:COMISION:O'NEIL; DROP TABLE x "
-                             "--|pc-1"));
+    EXPECT_EQ(stored(QStringLiteral("Momento, Usuario, Empresa, Programa, Codigo, Texto, Equipo")),
+              QStringList(QStringLiteral("2026-03-05 09:30:00.000|ana|001|VELTRANO|5|001:COMISION:O'NEIL; "
+                                         "DROP TABLE x --|pc-1")));
 }
 
-TEST_F(AuditTrailTest, AnEntryThatCannotBeStoredWaitsForTheNextOne) {
+TEST_P(AuditTrailTest, AnEntryThatCannotBeStoredWaitsForTheNextOne) {
     {
-        const WriteLock lock(folder.database());
+        const WriteLock lock(folder);
         add(QStringLiteral("uno"));
         EXPECT_FALSE(trail.store());
         add(QStringLiteral("dos"));
@@ -45,35 +42,39 @@ TEST_F(AuditTrailTest, AnEntryThatCannotBeStoredWaitsForTheNextOne) {
     }
     add(QStringLiteral("tres"));
     EXPECT_TRUE(trail.store());
-    EXPECT_EQ(stored(QStringLiteral("group_concat(Texto)")), QStringLiteral("uno,dos,tres"));
+    EXPECT_EQ(stored().join(u','), QStringLiteral("uno,dos,tres"));
 }
 
-TEST_F(AuditTrailTest, ABatchThatFailsHalfWayIsStoredOnceLater) {
+TEST_P(AuditTrailTest, ABatchThatFailsHalfWayIsStoredOnceLater) {
     folder.execute(
-        QStringLiteral("CREATE TRIGGER stop BEFORE INSERT ON ses_auditoria WHEN NEW.Texto = 'dos' BEGIN "
-                       "SELECT raise(ABORT, 'no'); END"));
+        folder.isFile()
+            ? QStringLiteral("CREATE TRIGGER stop BEFORE INSERT ON ses_auditoria WHEN NEW.Texto = 'dos' "
+                             "BEGIN SELECT raise(ABORT, 'no'); END")
+            : QStringLiteral("ALTER TABLE ses_auditoria ADD CONSTRAINT stop CHECK (Texto <> 'dos')"));
     add(QStringLiteral("uno"));
     add(QStringLiteral("dos"));
     EXPECT_FALSE(trail.store());
-    folder.execute(QStringLiteral("DROP TRIGGER stop"));
+    folder.execute(folder.isFile() ? QStringLiteral("DROP TRIGGER stop")
+                                   : QStringLiteral("ALTER TABLE ses_auditoria DROP CONSTRAINT stop"));
     EXPECT_TRUE(trail.store());
-    EXPECT_EQ(stored(QStringLiteral("group_concat(Texto)")), QStringLiteral("uno,dos"));
+    EXPECT_EQ(stored().join(u','), QStringLiteral("uno,dos"));
 }
 
-TEST_F(AuditTrailTest, NoMoreThanAThousandWaitAndTheLossIsTold) {
+TEST_P(AuditTrailTest, NoMoreThanAThousandWaitAndTheLossIsTold) {
     {
-        const WriteLock lock(folder.database());
+        const WriteLock lock(folder);
         for (int i = 1; i <= 1003; ++i)
             add(QString::number(i));
         EXPECT_FALSE(trail.store());
         EXPECT_EQ(trail.waiting(), AuditTrail::mostWaiting);
     }
     EXPECT_TRUE(trail.store());
-    EXPECT_EQ(stored(QStringLiteral("count(*)")), QStringLiteral("1001"));
-    EXPECT_EQ(folder.value(QStringLiteral("SELECT Texto FROM ses_auditoria ORDER BY Id")),
-              QStringLiteral("Se perdieron 3 entradas anteriores"));
-    EXPECT_EQ(folder.value(QStringLiteral("SELECT Texto FROM ses_auditoria WHERE Id = 2")),
-              QStringLiteral("4"));
+    const QStringList entries = stored();
+    ASSERT_EQ(entries.size(), 1001);
+    EXPECT_EQ(entries[0], QStringLiteral("Se perdieron 3 entradas anteriores"));
+    EXPECT_EQ(entries[1], QStringLiteral("4"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, AuditTrailTest, testing::ValuesIn(allEngines), engineName);
 
 } // namespace

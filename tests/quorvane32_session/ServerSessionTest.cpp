@@ -2,14 +2,11 @@
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/session/Administration.h"
 #include "tests/quorvane32_session/SessionSupport.h"
-#include "tests/support/TestDatabase.h"
 
 namespace {
 
 using namespace quorvane;
 using namespace quorvane::test;
-using dalvora::test::TestDatabase;
-using dalvora::test::TestEngine;
 
 /// One person at a machine of his own.
 struct Person {

@@ -1,5 +1,6 @@
 #include "tests/quorvane32_session/SessionSupport.h"
 
+#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/session/Passwords.h"
 #include "sql/Schema.h"
 #include <QFile>
@@ -22,28 +23,38 @@ SessionFolder::~SessionFolder() {
     QFile::setPermissions(path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-SessionFolder::SessionFolder() {
+SessionFolder::SessionFolder(TestEngine engine) : m_engine(engine) {
+    if (m_engine == TestEngine::Sqlite)
+        createFile();
+    else
+        m_server = std::make_unique<TestDatabase>(m_engine);
+    QString rows = QStringLiteral("INSERT INTO ses_empresa VALUES ('001', 'Viento Norte');"
+                                  "INSERT INTO ses_empresa VALUES ('002', 'Bebidas del Sur');"
+                                  "INSERT INTO ses_derecho VALUES ('ana', 'VELTRANO', 'RWXD');"
+                                  "INSERT INTO ses_derecho VALUES ('luis', 'VELTRANO', 'R---')");
+    for (const char* user : {"ana", "luis", "sin"})
+        rows += QStringLiteral(";INSERT INTO ses_usuario (Usuario, Clave) VALUES ('%1', '%2')")
+                    .arg(QLatin1String(user), passwordHash());
+    execute(rows);
+    setAutomatic(QString());
+}
+
+void SessionFolder::createFile() const {
     const auto handle = sqlite::open(database(), sqlite::Access::Create, 0);
     sqlite::run(handle.get(), "PRAGMA journal_mode = WAL");
     sqlite::run(handle.get(), dalvora::erpTables());
     sqlite::run(handle.get(), dalvora::sessionTables());
-    execute(QStringLiteral("INSERT INTO ses_empresa VALUES ('001', 'Viento Norte')"));
-    execute(QStringLiteral("INSERT INTO ses_empresa VALUES ('002', 'Bebidas del Sur')"));
-    for (const char* user : {"ana", "luis", "sin"})
-        execute(QStringLiteral("INSERT INTO ses_usuario (Usuario, Clave) VALUES ('%1', '%2')")
-                    .arg(QLatin1String(user), passwordHash()));
-    execute(QStringLiteral("INSERT INTO ses_derecho VALUES ('ana', 'VELTRANO', 'RWXD')"));
-    execute(QStringLiteral("INSERT INTO ses_derecho VALUES ('luis', 'VELTRANO', 'R---')"));
-    setAutomatic(QString());
 }
 
-QString SessionFolder::connectString() const {
-    return QStringLiteral("Driver=sqlite;Timeout=5000;Database=") + database();
+QString SessionFolder::connectString(int timeout) const {
+    return m_server ? m_server->connectString(timeout)
+                    : QStringLiteral("Driver=sqlite;Timeout=%1;Database=%2").arg(timeout).arg(database());
 }
 
 void SessionFolder::setAutomatic(const QString& user) {
     Profile profile;
-    profile.connectString = QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=5000");
+    profile.connectString =
+        m_server ? connectString() : QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=5000");
     profile.companies = {QStringLiteral("001"), QStringLiteral("002")};
     profile.defaultCompany = QStringLiteral("001");
     profile.user = user;
@@ -58,15 +69,25 @@ void SessionFolder::writeProfile(const QByteArray& text) const {
 }
 
 void SessionFolder::execute(const QString& sql) const {
+    if (m_server) {
+        m_server->run(sql);
+        return;
+    }
     const auto handle = sqlite::open(database(), sqlite::Access::ReadWrite, 5000);
     sqlite::run(handle.get(), sql.toUtf8());
 }
 
-QString SessionFolder::value(const QString& sql) const {
+QStringList SessionFolder::rows(const QString& sql) const {
     Connection connection;
     connection.open(connectString());
-    const Recordset row = connection.openRecordset(sql);
-    return row.eof() ? QString() : row.value(0).toText(RegionalSettings());
+    QStringList found;
+    for (Recordset row = connection.openRecordset(sql); !row.eof(); row.moveNext()) {
+        QStringList values;
+        for (int i = 0; i < row.fieldCount(); ++i)
+            values += row.value(i).toText(RegionalSettings());
+        found += values.join(u'|');
+    }
+    return found;
 }
 
 void SessionFolder::letOthers(Files files, Folder folder) const {
@@ -108,13 +129,16 @@ QString asUnprivileged(const std::function<QString()>& work) {
     return result;
 }
 
-WriteLock::WriteLock(const QString& database)
-    : m_handle(sqlite::open(database, sqlite::Access::ReadWrite, 5000)) {
-    sqlite::run(m_handle.get(), "BEGIN IMMEDIATE");
+WriteLock::WriteLock(const SessionFolder& folder) {
+    m_connection.open(folder.connectString());
+    m_connection.beginTrans();
+    // A server locks rows, or whole tables when it is asked to; the file has one lock for all.
+    if (!folder.isFile())
+        m_connection.execute(QStringLiteral("LOCK TABLE ses_usuario, ses_auditoria IN EXCLUSIVE MODE"));
 }
 
 WriteLock::~WriteLock() {
-    sqlite::run(m_handle.get(), "ROLLBACK");
+    m_connection.rollbackTrans();
 }
 
 bool PreparedPrompt::ask(const LoginQuestion& question, const LoginAttempt& attempt) {
