@@ -1,13 +1,17 @@
 #include "platform/quorvane32/lookup/QueryFile.h"
 #include "tests/quorvane32_lookup/Database.h"
+#include "tests/support/QtPrinters.h"
 #include <gtest/gtest.h>
 
 using namespace quorvane;
+using dalvora::test::allEngines;
+using dalvora::test::engineName;
+using dalvora::test::TestEngine;
 
 namespace {
 
 /// The shipped queries on the ERP's tables.
-class DalvoraQueries : public testing::Test {
+class DalvoraQueries : public testing::TestWithParam<TestEngine> {
 protected:
     /// Returned values of every row, joined as they go back.
     QStringList result(const QString& name, const QString& parameters) {
@@ -35,12 +39,12 @@ protected:
     }
 
     QueryFile file = QueryFile::load(QStringLiteral(DALVORA_QUERY_FILE));
-    Database database;
+    Database database{GetParam()};
 };
 
 } // namespace
 
-TEST_F(DalvoraQueries, CodesOfTheCompanyWithTheirPeriod) {
+TEST_P(DalvoraQueries, CodesOfTheCompanyWithTheirPeriod) {
     run("insert into Comisiones (Empresa, Codigo, Descripcion, FechaInicio, FechaFinal) "
         "values ('001', 'B', 'Otra', '01/01/2006', '31/12/2006')");
     run("insert into Comisiones (Empresa, Codigo, Descripcion, FechaInicio, FechaFinal) "
@@ -50,7 +54,7 @@ TEST_F(DalvoraQueries, CodesOfTheCompanyWithTheirPeriod) {
               (QStringList{"A#Una#01/02/2007#28/02/2007", "B#Otra#01/01/2006#31/12/2006"}));
 }
 
-TEST_F(DalvoraQueries, ProductsFamiliesAndTypesOfTheCompany) {
+TEST_P(DalvoraQueries, ProductsFamiliesAndTypesOfTheCompany) {
     addProduct("'001', 'P2', 'Queso', 'Lácteos', 'Quesos', 'Fresco'");
     addProduct("'001', 'P1', 'Leche', 'Lácteos', '', 'Fresco'");
     addProduct("'001', 'P3', 'Clavo', '', '', ''");
@@ -65,7 +69,7 @@ TEST_F(DalvoraQueries, ProductsFamiliesAndTypesOfTheCompany) {
     EXPECT_EQ(result("TIPOPRODUCTO", "001"), QStringList{"Fresco#"});
 }
 
-TEST_F(DalvoraQueries, OnlyValuedSalesDocumentsWithASalesperson) {
+TEST_P(DalvoraQueries, OnlyValuedSalesDocumentsWithASalesperson) {
     run("insert into tipodocumento (Empresa, TipoDocto, Descripcion, Sistema, Valorizado, Vendedor) "
         "values ('001', 'FACTURA', 'Factura', 'Ventas', 'S', 'S')");
     run("insert into tipodocumento (Empresa, TipoDocto, Sistema, Valorizado, Vendedor) "
@@ -77,7 +81,7 @@ TEST_F(DalvoraQueries, OnlyValuedSalesDocumentsWithASalesperson) {
     EXPECT_EQ(result("DocumentosComision", "001"), QStringList{"FACTURA#Factura"});
 }
 
-TEST_F(DalvoraQueries, PriceListsThatHoldWithinThePeriod) {
+TEST_P(DalvoraQueries, PriceListsThatHoldWithinThePeriod) {
     run("insert into ListaPrecio values ('001', 'ANTES', '', '01/01/2005', '31/12/2005')");
     run("insert into ListaPrecio values ('001', 'BORDE', '', '01/01/2005', '01/03/2006')");
     run("insert into ListaPrecio values ('001', 'DENTRO', '', '05/03/2006', '06/03/2006')");
@@ -90,7 +94,9 @@ TEST_F(DalvoraQueries, PriceListsThatHoldWithinThePeriod) {
               (QStringList{"BORDE#", "DENTRO#", "LUEGO#", "SIEMPRE#"}));
 }
 
-TEST_F(DalvoraQueries, EveryQueryRunsOnAnEmptyCompany) {
+TEST_P(DalvoraQueries, EveryQueryRunsOnAnEmptyCompany) {
     for (const QueryDefinition& query : file.queries())
         EXPECT_TRUE(result(query.name, "X#01/01/2006#31/12/2006").isEmpty()) << query.name.toStdString();
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, DalvoraQueries, testing::ValuesIn(allEngines), engineName);

@@ -1,19 +1,14 @@
 #pragma once
 
 #include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
-#include "sql/Schema.h"
-#include <QTemporaryDir>
+#include "tests/support/TestDatabase.h"
 
-/// An embedded database with the ERP's tables in a folder of its own, and a connection to it.
+/// A database of an engine with the ERP's tables, and a connection to it.
 struct Database {
-    Database() {
-        const QString path = folder.filePath("erp.db");
-        const auto handle = quorvane::sqlite::open(path, quorvane::sqlite::Access::Create, 100);
-        quorvane::sqlite::run(handle.get(), dalvora::erpTables());
-        connection.open(QStringLiteral("Driver=sqlite;Database=%1").arg(path));
+    explicit Database(dalvora::test::TestEngine engine) : stored(engine) {
+        connection.open(stored.connectString());
     }
 
-    QTemporaryDir folder;
+    dalvora::test::TestDatabase stored;
     quorvane::Connection connection;
 };

@@ -5,15 +5,19 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
 using namespace quorvane;
+using dalvora::test::allEngines;
+using dalvora::test::engineName;
+using dalvora::test::TestEngine;
 
 namespace {
 
-class QuorQueryTest : public testing::Test {
+class QuorQueryTest : public testing::TestWithParam<TestEngine> {
 protected:
     QuorQueryTest() {
         database.connection.execute(
@@ -41,13 +45,13 @@ protected:
     static void press(QWidget* window, Qt::Key key) { QTest::keyClick(window->focusWidget(), key); }
 
     const QString file = QStringLiteral(DALVORA_QUERY_FILE);
-    Database database;
+    Database database{GetParam()};
     StandardComponents components{RegionalSettings()};
 };
 
 } // namespace
 
-TEST_F(QuorQueryTest, ReturnsTheChosenRow) {
+TEST_P(QuorQueryTest, ReturnsTheChosenRow) {
     EXPECT_EQ(lookup("CodigosComision@" + file + "#001", [](QWidget* w) { press(w, Qt::Key_Return); }),
               "OTOÑO##01/04/2006#");
     EXPECT_EQ(lookup("CodigosComision@" + file + "#001",
@@ -58,18 +62,18 @@ TEST_F(QuorQueryTest, ReturnsTheChosenRow) {
               "VERANO#Campaña  1#01/01/2006#31/03/2006");
 }
 
-TEST_F(QuorQueryTest, ReturnsNothingWhenCancelled) {
+TEST_P(QuorQueryTest, ReturnsNothingWhenCancelled) {
     EXPECT_EQ(lookup("CodigosComision@" + file + "#001", [](QWidget* w) { press(w, Qt::Key_Escape); }), "");
     EXPECT_EQ(lookup("CodigosComision@" + file + "#001", [](QWidget* w) { w->close(); }), "");
 }
 
-TEST_F(QuorQueryTest, FindsTheFileInAnyCase) {
+TEST_P(QuorQueryTest, FindsTheFileInAnyCase) {
     QString other = file;
     other.replace(".qry", ".QRY");
     EXPECT_EQ(lookup("codigoscomision@" + other + "#001", [](QWidget* w) { press(w, Qt::Key_Escape); }), "");
 }
 
-TEST_F(QuorQueryTest, RemembersTheSizeOfEachWindow) {
+TEST_P(QuorQueryTest, RemembersTheSizeOfEachWindow) {
     const QString argument = "CodigosComision@" + file + "#001";
     QSize first;
     lookup(argument, [&](QWidget* w) {
@@ -89,7 +93,7 @@ TEST_F(QuorQueryTest, RemembersTheSizeOfEachWindow) {
     });
 }
 
-TEST_F(QuorQueryTest, RaisesWhatIsWrong) {
+TEST_P(QuorQueryTest, RaisesWhatIsWrong) {
     EXPECT_EQ(rows::errorOf([&] { lookup("CodigosComision"); }), ErrorInvalidCall);
     EXPECT_EQ(rows::errorOf([&] { lookup("CodigosComision@/no/hay.qry#001"); }), ErrorFileNotFound);
     EXPECT_EQ(rows::errorOf([&] { lookup("Nada@" + file + "#001"); }), ErrorItemNotFound);
@@ -100,8 +104,9 @@ TEST_F(QuorQueryTest, RaisesWhatIsWrong) {
     EXPECT_EQ(rows::errorOf([&] { component->Muestra(); }), ErrorObjectNotSet);
 }
 
-TEST_F(QuorQueryTest, RunsNothingButOneSelect) {
-    QFile wrong(database.folder.filePath("mala.qry"));
+TEST_P(QuorQueryTest, RunsNothingButOneSelect) {
+    const QTemporaryDir folder;
+    QFile wrong(folder.filePath("mala.qry"));
     ASSERT_TRUE(wrong.open(QIODevice::WriteOnly));
     wrong.write("[Q]\ntitulo=x\ncolumna=A|A|5\ndevuelve=A\nsql=delete from Comisiones\n");
     wrong.close();
@@ -109,7 +114,7 @@ TEST_F(QuorQueryTest, RunsNothingButOneSelect) {
     EXPECT_FALSE(database.connection.openRecordset("select Codigo from Comisiones").eof());
 }
 
-TEST_F(QuorQueryTest, AParameterCannotChangeTheStatement) {
+TEST_P(QuorQueryTest, AParameterCannotChangeTheStatement) {
     lookup("CodigosComision@" + file + "#' or '1'='1", [](QWidget* w) {
         EXPECT_EQ(w->findChild<QLabel*>("lblCuenta")->text().left(7), "0 filas");
         press(w, Qt::Key_Escape);
@@ -124,3 +129,5 @@ TEST(StandardComponentsTest, RefusesUnknownIdentifiers) {
     EXPECT_TRUE(components.createLookup("Quorvane32.QuorQuery"));
     EXPECT_TRUE(components.createAbout("quorvane32.quorabout"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, QuorQueryTest, testing::ValuesIn(allEngines), engineName);
