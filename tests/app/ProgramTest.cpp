@@ -1,18 +1,18 @@
-// The program from its command line to its end, over a real embedded database.
+// The program from its command line to its end, over a real database of each engine.
 #include "app/Program.h"
 #include "data/DBTable.h"
 #include "forms/main/StatusPanels.h"
 #include "forms/main/frmMain.h"
 #include "forms/vendedor/FM_Vendedor.h"
 #include "platform/help/HelpSystem.h"
+#include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/reportengine/engine/Report.h"
-#include "sql/Schema.h"
 #include "tests/common/FakeComponents.h"
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/TestDatabase.h"
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -32,13 +32,13 @@ namespace {
 class SigningSession final : public quorvane::Session {
 public:
     struct Script {
-        QString databaseFile;
+        QString connectString;
         QStringList calls;
         bool cancel = false;
         std::optional<quorvane::RunTimeError> error;
         QString warning;
         std::optional<quorvane::RunTimeError> endError;
-        bool vanishes = false; ///< the database's file goes before the reports connect
+        std::function<void()> beforeReports = [] {}; ///< happens just before the reports connect
     };
     explicit SigningSession(Script& script) : m_script(script) {}
 
@@ -56,12 +56,11 @@ public:
             throw *m_script.error;
         cancel = m_script.cancel;
         if (!cancel)
-            connection.open(u"Driver=sqlite;Database="_s + m_script.databaseFile);
+            connection.open(m_script.connectString);
     }
     QString CompanyName() const override {
         // The start asks for it just before the reports connect.
-        if (m_script.vanishes)
-            QFile::remove(m_script.databaseFile);
+        m_script.beforeReports();
         return u"Comercial de Prueba"_s;
     }
     QString CompanyCode() const override { return u"01"_s; }
@@ -86,17 +85,13 @@ public:
     QStringList calls;
 };
 
-class ProgramTest : public testing::Test {
+class ProgramTest : public testing::TestWithParam<TestEngine> {
 protected:
     ProgramTest() {
-        using quorvane::sqlite::Access;
-        script.databaseFile = folder.filePath(u"erp.db"_s);
-        const auto database = quorvane::sqlite::open(script.databaseFile, Access::Create, 1000);
-        quorvane::sqlite::run(database.get(), erpTables());
-        quorvane::sqlite::run(database.get(),
-                              "INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Texto, Valor2) VALUES"
-                              " ('01', 'GEN_MONEDA', 'PESO', '', 2),"
-                              " ('01', 'CONFIG.EMPRESA', 'MONEDA', 'PESO', 0)");
+        script.connectString = database.connectString();
+        database.run(u"INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Texto, Valor2) VALUES"
+                     " ('01', 'GEN_MONEDA', 'PESO', '', 2),"
+                     " ('01', 'CONFIG.EMPRESA', 'MONEDA', 'PESO', 0)"_s);
     }
 
     Program& start(const QString& commandLine, bool expected = true) {
@@ -130,12 +125,19 @@ protected:
             QTest::mouseClick(form->findChild<QPushButton*>(u"coAceptar"_s), Qt::LeftButton);
         });
     }
-    void removeCurrencies() {
-        const auto database =
-            quorvane::sqlite::open(script.databaseFile, quorvane::sqlite::Access::ReadWrite, 1000);
-        quorvane::sqlite::run(database.get(), "DELETE FROM gen_tabcod");
+    /// Nobody can open the database any more; who has it open goes on.
+    void closeDatabase() const {
+        const QString name = quorvane::ConnectString::parse(script.connectString).value(u"database"_s);
+        if (GetParam() == TestEngine::Sqlite) {
+            QFile::remove(name);
+            return;
+        }
+        quorvane::Connection administrator;
+        administrator.open(TestDatabase::cluster().connectString(u"postgres"_s));
+        administrator.execute(u"ALTER DATABASE %1 ALLOW_CONNECTIONS false"_s.arg(name));
     }
 
+    TestDatabase database{GetParam()};
     QTemporaryDir folder;
     QString helpFile = u"dalvora.chm"_s;
     MessageRecorder recorder;
@@ -147,7 +149,7 @@ protected:
 
 } // namespace
 
-TEST_F(ProgramTest, StartsSignedInWithAnEmptyRecord) {
+TEST_P(ProgramTest, StartsSignedInWithAnEmptyRecord) {
     start(u"EMPRESA=01;USUARIO=x"_s);
     EXPECT_EQ(script.calls,
               (QStringList{u"SetApplication "_s + folder.path() + u"/dalvora.chm"_s, u"SetClientInfo text"_s,
@@ -167,19 +169,19 @@ TEST_F(ProgramTest, StartsSignedInWithAnEmptyRecord) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(ProgramTest, WithoutACompanyTheSessionDecides) {
+TEST_P(ProgramTest, WithoutACompanyTheSessionDecides) {
     start(QString());
     EXPECT_EQ(script.calls.value(2), u"Initialize DALVORA VELTRANO 7.13.12 []"_s);
 }
 
-TEST_F(ProgramTest, GivingUpTheSignInEndsSilently) {
+TEST_P(ProgramTest, GivingUpTheSignInEndsSilently) {
     script.cancel = true;
     start(u"EMPRESA=01"_s, false);
     EXPECT_EQ(recorder.take(), std::vector<Message>());
     EXPECT_TRUE(program->Form_Unload());
 }
 
-TEST_F(ProgramTest, AnErrorWhileStartingIsToldAndEndsTheStart) {
+TEST_P(ProgramTest, AnErrorWhileStartingIsToldAndEndsTheStart) {
     script.error = quorvane::RunTimeError(53, u"No se encontró la base de datos x"_s);
     start(u"EMPRESA=01"_s, false);
     EXPECT_EQ(recorder.take(),
@@ -187,14 +189,14 @@ TEST_F(ProgramTest, AnErrorWhileStartingIsToldAndEndsTheStart) {
                   {u"Error al iniciar aplicación\n53 - No se encontró la base de datos x"_s, 16}}));
 }
 
-TEST_F(ProgramTest, ACommandLineTooLongIsAnErrorWhileStarting) {
+TEST_P(ProgramTest, ACommandLineTooLongIsAnErrorWhileStarting) {
     start(QString(40000, u'x'), false);
     EXPECT_EQ(recorder.take(),
               (std::vector<Message>{{u"Error al iniciar aplicación\n6 - Desbordamiento"_s, 16}}));
 }
 
-TEST_F(ProgramTest, MissingConfigurationEndsTheStartWithItsOneMessage) {
-    removeCurrencies();
+TEST_P(ProgramTest, MissingConfigurationEndsTheStartWithItsOneMessage) {
+    database.run(u"DELETE FROM gen_tabcod"_s);
     start(u"EMPRESA=01"_s, false);
     EXPECT_EQ(
         recorder.take(),
@@ -205,19 +207,19 @@ TEST_F(ProgramTest, MissingConfigurationEndsTheStartWithItsOneMessage) {
     EXPECT_EQ(script.calls.mid(3), (QStringList{u"Audit 2 []"_s, u"Audit 3 []"_s}));
 }
 
-TEST_F(ProgramTest, WhatTheSessionHasToSayIsSaidOnce) {
+TEST_P(ProgramTest, WhatTheSessionHasToSayIsSaidOnce) {
     script.warning = u"La base de datos es de sólo lectura."_s;
     start(u"EMPRESA=01"_s);
     EXPECT_EQ(recorder.take(), (std::vector<Message>{{u"La base de datos es de sólo lectura."_s, 48}}));
 }
 
-TEST_F(ProgramTest, HelpFileWithAFolderStaysAsItIs) {
+TEST_P(ProgramTest, HelpFileWithAFolderStaysAsItIs) {
     helpFile = u"/ayuda/otra.chm"_s;
     start(u"EMPRESA=01"_s);
     EXPECT_EQ(script.calls.first(), u"SetApplication /ayuda/otra.chm"_s);
 }
 
-TEST_F(ProgramTest, HelpKeyOpensTheMainContext) {
+TEST_P(ProgramTest, HelpKeyOpensTheMainContext) {
     frmMain& form = start(u"EMPRESA=01"_s).form();
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
@@ -226,7 +228,7 @@ TEST_F(ProgramTest, HelpKeyOpensTheMainContext) {
     EXPECT_EQ(help.calls, QStringList{u"dalvora.chm 15 138"_s});
 }
 
-TEST_F(ProgramTest, ReportsComeFromTheFolderBesideTheProgram) {
+TEST_P(ProgramTest, ReportsComeFromTheFolderBesideTheProgram) {
     define(u"Lista"_s);
     start(u"EMPRESA=01"_s);
     DBTable& table = *program->context().Table;
@@ -235,7 +237,7 @@ TEST_F(ProgramTest, ReportsComeFromTheFolderBesideTheProgram) {
     EXPECT_EQ(table.ReportsFile(0), u"Lista"_s);
 }
 
-TEST_F(ProgramTest, PreviewMakesTheChosenReport) {
+TEST_P(ProgramTest, PreviewMakesTheChosenReport) {
     define(u"Lista"_s);
     start(u"EMPRESA=01"_s);
     program->context().Connection->execute(
@@ -259,7 +261,7 @@ TEST_F(ProgramTest, PreviewMakesTheChosenReport) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(ProgramTest, WithoutDefinitionsThereIsNothingToPreviewOrPrint) {
+TEST_P(ProgramTest, WithoutDefinitionsThereIsNothingToPreviewOrPrint) {
     start(u"EMPRESA=01"_s);
     acceptSelection();
     program->previewReport();
@@ -268,15 +270,15 @@ TEST_F(ProgramTest, WithoutDefinitionsThereIsNothingToPreviewOrPrint) {
     EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
-TEST_F(ProgramTest, MoreThanFiftyOneDefinitionsEndTheStartSilently) {
+TEST_P(ProgramTest, MoreThanFiftyOneDefinitionsEndTheStartSilently) {
     for (int i = 0; i < 52; ++i)
         define(u"R%1"_s.arg(i));
     start(u"EMPRESA=01"_s, false);
     EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
-TEST_F(ProgramTest, ReportsThatCannotConnectEndTheStartWithAMessage) {
-    script.vanishes = true;
+TEST_P(ProgramTest, ReportsThatCannotConnectEndTheStartWithAMessage) {
+    script.beforeReports = [this] { closeDatabase(); };
     start(u"EMPRESA=01"_s, false);
     const auto told = recorder.take();
     ASSERT_EQ(told.size(), 1U);
@@ -285,7 +287,7 @@ TEST_F(ProgramTest, ReportsThatCannotConnectEndTheStartWithAMessage) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(ProgramTest, MenuAndButtonShowTheSameSalespeopleForm) {
+TEST_P(ProgramTest, MenuAndButtonShowTheSameSalespeopleForm) {
     frmMain& form = start(u"EMPRESA=01"_s).form();
     EXPECT_EQ(program->salespeople(), nullptr);
     ASSERT_TRUE(program->context().Table->DBRead(0)); // assigning needs the right to write what was read
@@ -304,7 +306,7 @@ TEST_F(ProgramTest, MenuAndButtonShowTheSameSalespeopleForm) {
     EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
-TEST_F(ProgramTest, TheMainFormGoesOnWorkingBesideTheSalespeople) {
+TEST_P(ProgramTest, TheMainFormGoesOnWorkingBesideTheSalespeople) {
     frmMain& form = start(u"EMPRESA=01"_s).form();
     program->showSalespeople();
     form.activateWindow();
@@ -317,7 +319,7 @@ TEST_F(ProgramTest, TheMainFormGoesOnWorkingBesideTheSalespeople) {
     EXPECT_EQ(program->salespeople()->controls().SB->text(panelMensaje), u"Comisión: C9"_s);
 }
 
-TEST_F(ProgramTest, TheSalespeopleFormClosesWithTheProgram) {
+TEST_P(ProgramTest, TheSalespeopleFormClosesWithTheProgram) {
     frmMain& form = start(u"EMPRESA=01"_s).form();
     program->showSalespeople();
     form.close();
@@ -325,7 +327,7 @@ TEST_F(ProgramTest, TheSalespeopleFormClosesWithTheProgram) {
     EXPECT_EQ(recorder.take(), std::vector<Message>());
 }
 
-TEST_F(ProgramTest, ClosingTheWindowEndsTheProgram) {
+TEST_P(ProgramTest, ClosingTheWindowEndsTheProgram) {
     start(u"EMPRESA=01"_s);
     int ended = 0;
     QObject::connect(program.get(), &Program::ended, [&ended] { ++ended; });
@@ -338,7 +340,7 @@ TEST_F(ProgramTest, ClosingTheWindowEndsTheProgram) {
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(ProgramTest, AnErrorAtTheEndIsTold) {
+TEST_P(ProgramTest, AnErrorAtTheEndIsTold) {
     start(u"EMPRESA=01"_s);
     script.endError = quorvane::RunTimeError(91, u"Variable de objeto no establecida"_s);
     program->terminate();
@@ -347,7 +349,7 @@ TEST_F(ProgramTest, AnErrorAtTheEndIsTold) {
                   {u"Error al terminar la aplicación\n91 - Variable de objeto no establecida"_s, 16}}));
 }
 
-TEST_F(ProgramTest, AMissingStyleFileIsOneWarning) {
+TEST_P(ProgramTest, AMissingStyleFileIsOneWarning) {
     program =
         std::make_unique<Program>(ProgramParts{{folder.path(), helpFile, 1, 0, 0},
                                                folder.filePath(u"no.cjstyles"_s),
@@ -361,3 +363,5 @@ TEST_F(ProgramTest, AMissingStyleFileIsOneWarning) {
     EXPECT_EQ(told.front().style, 48);
     EXPECT_TRUE(told.front().text.contains(u"no.cjstyles"_s));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, ProgramTest, testing::ValuesIn(allEngines), engineName);
