@@ -1,6 +1,7 @@
 #include "platform/quorvane32/session/AuditTrail.h"
 
 #include "tests/quorvane32_session/SessionSupport.h"
+#include "tests/support/FailEngine.h"
 
 namespace {
 
@@ -58,6 +59,22 @@ TEST_P(AuditTrailTest, ABatchThatFailsHalfWayIsStoredOnceLater) {
                                    : QStringLiteral("ALTER TABLE ses_auditoria DROP CONSTRAINT stop"));
     EXPECT_TRUE(trail.store());
     EXPECT_EQ(stored().join(u','), QStringLiteral("uno,dos"));
+}
+
+TEST_P(AuditTrailTest, AConnectionLostSinceTheLastEntryCostsNoDelay) {
+    using dalvora::test::FailEngine;
+    dalvora::test::FailPlan plan;
+    Connection failing([&plan](const QString& connectString) {
+        return std::make_unique<FailEngine>(openEngine(connectString), plan);
+    });
+    failing.open(folder.connectString());
+    AuditTrail over(failing);
+    plan.atStatement = 1;
+    plan.error = RunTimeError(ErrorConnectionLost, QStringLiteral("Se perdió la conexión"));
+    over.add({QStringLiteral("m"), QStringLiteral("ana"), QStringLiteral("001"), QStringLiteral("VELTRANO"),
+              AuditChange, QStringLiteral("uno"), QString()});
+    EXPECT_TRUE(over.store());
+    EXPECT_EQ(stored(), QStringList(QStringLiteral("uno")));
 }
 
 TEST_P(AuditTrailTest, NoMoreThanAThousandWaitAndTheLossIsTold) {

@@ -1,5 +1,6 @@
 #include "platform/quorvane32/session/AuditTrail.h"
 
+#include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/session/SessionSql.h"
 
@@ -30,12 +31,25 @@ void AuditTrail::add(AuditEntry entry) {
 }
 
 bool AuditTrail::store() noexcept {
+    // A connection that was lost since the last entry shows so only now; the second attempt opens a new one.
+    // A server that is known to be away is asked once.
+    bool reached = tryStore();
+    if (!reached && !m_away)
+        reached = tryStore();
+    m_away = !reached;
+    return m_waiting.empty();
+}
+
+bool AuditTrail::tryStore() noexcept {
     try {
         storeAll();
+    } catch (const RunTimeError& error) {
+        m_connection.rollbackTrans();
+        return error.number() != ErrorConnectionLost;
     } catch (const std::exception&) {
         m_connection.rollbackTrans();
     }
-    return m_waiting.empty();
+    return true;
 }
 
 void AuditTrail::storeAll() {

@@ -33,10 +33,13 @@ public:
 
 private:
     void storeAll();
+    /// False when the connection was lost.
+    bool tryStore() noexcept;
 
     Connection& m_connection;
     std::deque<AuditEntry> m_waiting;
     qint64 m_lost = 0;
+    bool m_away = false; ///< the last attempt did not reach the database
 };
 
 } // namespace quorvane
