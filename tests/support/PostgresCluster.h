@@ -25,13 +25,14 @@ public:
     /// Kills the server as a crash or a power cut would, then starts it again on the same data.
     void kill();
     void start();
+    /// Returns when the server takes connections, as it does a moment after one of its processes was killed.
+    void waitUntilReady() const;
 
     /// A word that names no other database of this cluster.
     QString freshName() { return QStringLiteral("t%1").arg(++m_names); }
 
 private:
     void makeFolder();
-    void waitUntilReady() const;
 
     QTemporaryDir m_folder;
     QProcess m_keeper;

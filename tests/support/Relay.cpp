@@ -67,7 +67,32 @@ void Relay::cutAfter(const QByteArray& words) {
     m_cutAfter = words;
 }
 
+void Relay::cutBefore(const QByteArray& words) {
+    const std::lock_guard lock(m_mutex);
+    m_cutBefore = words;
+}
+
+void Relay::replaceInAnswers(const QByteArray& words, const QByteArray& others) {
+    const std::lock_guard lock(m_mutex);
+    m_replacements.emplace_back(words, others);
+}
+
+std::vector<QByteArray> Relay::takeQuestions() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_questions, {});
+}
+
+void Relay::cutAll() {
+    // The relay's own thread finds the ends and closes them; it may be in the middle of sending on one.
+    const std::lock_guard lock(m_linksMutex);
+    for (const Link& link : m_links) {
+        shutdown(link.client, SHUT_RDWR);
+        shutdown(link.server, SHUT_RDWR);
+    }
+}
+
 void Relay::cut(Link& link) {
+    const std::lock_guard lock(m_linksMutex);
     close(link.client);
     close(link.server);
     link.client = -1;
@@ -78,10 +103,33 @@ void Relay::accept() {
     link.client = ::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC);
     link.server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = addressOf(m_server);
-    if (connect(link.server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
-        m_links.push_back(link);
-    else
+    if (connect(link.server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
         cut(link);
+        return;
+    }
+    const std::lock_guard lock(m_linksMutex);
+    m_links.push_back(link);
+}
+
+bool Relay::admits(Link& link, const QByteArray& question) {
+    const std::lock_guard lock(m_mutex);
+    m_questions.push_back(question);
+    if (!m_cutBefore.isEmpty() && question.contains(m_cutBefore)) {
+        m_cutBefore.clear();
+        return false;
+    }
+    if (!m_cutAfter.isEmpty() && question.contains(m_cutAfter)) {
+        link.doomed = true;
+        m_cutAfter.clear();
+    }
+    return true;
+}
+
+QByteArray Relay::changed(QByteArray answer) {
+    const std::lock_guard lock(m_mutex);
+    for (const auto& [words, others] : m_replacements)
+        answer.replace(words, others);
+    return answer;
 }
 
 bool Relay::passQuestion(Link& link) {
@@ -93,26 +141,17 @@ bool Relay::passQuestion(Link& link) {
         usleep(m_delay * 1000);
     }
     link.answered = false;
-    const std::lock_guard lock(m_mutex);
-    if (!m_cutAfter.isEmpty() && data.contains(m_cutAfter)) {
-        link.doomed = true;
-        m_cutAfter.clear();
-    }
-    return sendAll(link.server, data);
+    return admits(link, data) && sendAll(link.server, data);
 }
 
 bool Relay::passAnswer(Link& link) {
     const QByteArray data = receive(link.server);
     link.answered = true;
-    return !data.isEmpty() && !link.doomed && sendAll(link.client, data);
+    return !data.isEmpty() && !link.doomed && sendAll(link.client, changed(data));
 }
 
 void Relay::run() {
     while (!m_ends) {
-        if (m_cutAll.exchange(false)) {
-            std::ranges::for_each(m_links, cut);
-            m_links.clear();
-        }
         std::vector<pollfd> waiting{{m_listener, POLLIN, 0}};
         for (const Link& link : m_links) {
             waiting.push_back({link.client, POLLIN, 0});
@@ -127,7 +166,10 @@ void Relay::run() {
             if (!lives)
                 cut(link);
         }
-        std::erase_if(m_links, [](const Link& link) { return link.client < 0; });
+        {
+            const std::lock_guard lock(m_linksMutex);
+            std::erase_if(m_links, [](const Link& link) { return link.client < 0; });
+        }
         if (waiting[0].revents != 0)
             accept();
     }

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace dalvora::test {
@@ -27,10 +28,16 @@ public:
     void setDelay(int milliseconds) { m_delay = milliseconds; }
     /// How often the server was asked and answered, over all links.
     int roundTrips() const { return m_roundTrips; }
+    /// The questions since the last call, as the client sent them.
+    std::vector<QByteArray> takeQuestions();
     /// The next link that sends these words is cut when the server has answered: the answer is lost.
     void cutAfter(const QByteArray& words);
-    /// Cuts every link now.
-    void cutAll() { m_cutAll = true; }
+    /// The next link that sends these words is cut before the server has them: the question is lost.
+    void cutBefore(const QByteArray& words);
+    /// Cuts every link; when the call returns nothing more passes on them.
+    void cutAll();
+    /// Puts words of the same length into the place of others in every answer from now on.
+    void replaceInAnswers(const QByteArray& words, const QByteArray& others);
 
 private:
     struct Link {
@@ -44,17 +51,23 @@ private:
     /// False when the link is to be cut.
     bool passQuestion(Link& link);
     bool passAnswer(Link& link);
-    static void cut(Link& link);
+    /// False when the question is not to arrive.
+    bool admits(Link& link, const QByteArray& question);
+    QByteArray changed(QByteArray answer);
+    void cut(Link& link);
 
     QTemporaryDir m_folder;
     QByteArray m_server;
     int m_listener = -1;
+    std::mutex m_linksMutex; ///< for the list and what is open in it
     std::vector<Link> m_links;
     std::mutex m_mutex;
     QByteArray m_cutAfter;
+    QByteArray m_cutBefore;
+    std::vector<std::pair<QByteArray, QByteArray>> m_replacements;
+    std::vector<QByteArray> m_questions;
     std::atomic<int> m_delay = 0;
     std::atomic<int> m_roundTrips = 0;
-    std::atomic<bool> m_cutAll = false;
     std::atomic<bool> m_ends = false;
     std::thread m_thread;
 };
