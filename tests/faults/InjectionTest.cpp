@@ -35,7 +35,7 @@ QString literal(QString text) {
     return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
 }
 
-class Injection : public ProgramFixture {
+class Injection : public EveryEngine {
 protected:
     void SetUp() override {
         ASSERT_TRUE(program.start());
@@ -64,7 +64,7 @@ protected:
 
 } // namespace
 
-TEST_F(Injection, EveryHeaderFieldAndEveryCellTakeStatementsAsTexts) {
+TEST_P(Injection, EveryHeaderFieldAndEveryCellTakeStatementsAsTexts) {
     const auto grids = program.controls().grids();
     for (const QString& text : statements) {
         program.click(u"limpiar"_s);
@@ -81,8 +81,10 @@ TEST_F(Injection, EveryHeaderFieldAndEveryCellTakeStatementsAsTexts) {
     }
 }
 
-TEST_F(Injection, ASchemeNamedLikeAStatementIsSavedFoundAndDeletedByThatName) {
+TEST_P(Injection, ASchemeNamedLikeAStatementIsSavedFoundAndDeletedByThatName) {
     for (const QString& text : statements) {
+        if (GetParam() != TestEngine::Sqlite && text.contains(QChar(u'\0')))
+            continue; // a server cannot store it and says so
         program.click(u"limpiar"_s);
         enterHeader(text, text);
         quorvane::XGrid& products = *program.controls().XGrid;
@@ -119,7 +121,7 @@ TEST_F(Injection, ASchemeNamedLikeAStatementIsSavedFoundAndDeletedByThatName) {
     }
 }
 
-TEST_F(Injection, EveryLookupTakesStatementsAsParameters) {
+TEST_P(Injection, EveryLookupTakesStatementsAsParameters) {
     const quorvane::QueryFile queries = quorvane::QueryFile::load(files.queryFile());
     quorvane::Connection& connection = *program.context().Connection;
     for (const quorvane::QueryDefinition& query : queries.queries()) {
@@ -136,7 +138,7 @@ TEST_F(Injection, EveryLookupTakesStatementsAsParameters) {
     EXPECT_EQ(company.contents(), before);
 }
 
-TEST_F(Injection, AStatementTypedIntoTheLookupsFilterFindsNothing) {
+TEST_P(Injection, AStatementTypedIntoTheLookupsFilterFindsNothing) {
     program.controls().TxtCodigo->setFocus();
     QTimer::singleShot(200, qApp, [this] {
         for (const QChar c : statements[0])
@@ -150,7 +152,7 @@ TEST_F(Injection, AStatementTypedIntoTheLookupsFilterFindsNothing) {
     EXPECT_EQ(company.contents(), before);
 }
 
-TEST_F(Injection, ARecordsetRunsNothingButOneSelect) {
+TEST_P(Injection, ARecordsetRunsNothingButOneSelect) {
     quorvane::Connection& connection = *program.context().Connection;
     for (const char* statement :
          {"SELECT 1; DROP TABLE Comisiones", "SELECT 1;\n--\nDELETE FROM Comisiones", "DROP TABLE Comisiones",
@@ -170,7 +172,7 @@ TEST_F(Injection, ARecordsetRunsNothingButOneSelect) {
 }
 
 // A code as the salespeople's form and other modules put it into a filter.
-TEST_F(Injection, ACommandRunsNothingButItsFirstStatement) {
+TEST_P(Injection, ACommandRunsNothingButItsFirstStatement) {
     quorvane::Connection& connection = *program.context().Connection;
     for (const char* statement : {"UPDATE producto SET Glosa = 'x'; DROP TABLE Comisiones",
                                   "DELETE FROM Comisiones WHERE Codigo = ''; DELETE FROM ComisionesD"}) {
@@ -183,5 +185,7 @@ TEST_F(Injection, ACommandRunsNothingButItsFirstStatement) {
     }
     EXPECT_EQ(company.contents(), before);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, Injection, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

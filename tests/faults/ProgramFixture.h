@@ -12,7 +12,10 @@ using namespace Qt::StringLiterals;
 /// One company with the stored scheme C1 and the program, not yet started; messages are recorded.
 class ProgramFixture : public testing::Test {
 protected:
-    explicit ProgramFixture(int timeout = 5000) : company(timeout) { states.store(company, 1); }
+    explicit ProgramFixture(int timeout = 5000) : ProgramFixture(TestEngine::Sqlite, timeout) {}
+    explicit ProgramFixture(TestEngine engine, int timeout = 5000) : company(engine, timeout) {
+        states.store(company, 1);
+    }
 
     /// The one message that has been told since the last call; fails when there are more or none.
     Message told() {
@@ -45,6 +48,12 @@ protected:
     MessageRecorder recorder;
     ProgramFiles files;
     RunningProgram program{company.path(), files};
+};
+
+/// The same on each engine.
+class EveryEngine : public ProgramFixture, public testing::WithParamInterface<TestEngine> {
+protected:
+    EveryEngine() : ProgramFixture(GetParam()) {}
 };
 
 } // namespace dalvora::test

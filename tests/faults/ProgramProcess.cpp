@@ -46,6 +46,8 @@ int main(int argc, char** argv) {
         return 2;
     qputenv("QUORVANE_HOME", words[0].toLocal8Bit());
     QApplication application(argc, argv);
+    // Where the program's own folder has its modules, which is not this one's.
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../../bin"));
     dalvora::Installation installation(application);
     dalvora::ProgramParts parts = installation.parts();
     parts.application.path = words[1];

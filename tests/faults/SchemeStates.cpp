@@ -77,9 +77,8 @@ QStringList SchemeStates::rows(int state) const {
 
 void SchemeStates::store(const TestCompany& company, int state) const {
     const QString period = u"'%1', '%2'"_s.arg(iso(startOf(state)), iso(endOf(state)));
-    QString statements =
-        u"BEGIN; INSERT INTO Comisiones (Empresa, Codigo, Descripcion, FechaInicio, FechaFinal) "
-        u"VALUES ('001', '%1', '%2', %3);"_s.arg(m_code, description(state), period);
+    QString statements = u"INSERT INTO Comisiones (Empresa, Codigo, Descripcion, FechaInicio, FechaFinal) "
+                         u"VALUES ('001', '%1', '%2', %3);"_s.arg(m_code, description(state), period);
     for (const Line& line : lines(state))
         statements += u"INSERT INTO ComisionesD (Empresa, Codigo, FechaInicio, FechaFinal, Tipo, Concepto, "
                       u"Descripcion, CantidadInicio, CantidadFinal, Porcentaje, SubTipo, Calculo) VALUES "
@@ -89,16 +88,19 @@ void SchemeStates::store(const TestCompany& company, int state) const {
                           .arg(line.end)
                           .arg(line.percentage)
                           .arg(line.subKind);
-    company.execute(statements + u"COMMIT"_s);
+    company.execute(statements);
 }
 
 QStringList SchemeStates::storedRows(const TestCompany& company) const {
-    return company.rows(
-        u"SELECT 'Esquema|' || Descripcion || '|' || FechaInicio || '|' || FechaFinal FROM Comisiones "
-        u"WHERE Empresa = '001' AND Codigo = '%1' UNION ALL "
-        u"SELECT Tipo || '|' || Concepto || '|' || Descripcion || '|' || CantidadInicio || '|' || "
-        u"CantidadFinal || '|' || Porcentaje || '|' || SubTipo || '|' || Calculo || '|' || FechaInicio || "
-        u"'|' || FechaFinal FROM ComisionesD WHERE Empresa = '001' AND Codigo = '%1'"_s.arg(m_code));
+    QStringList all =
+        company.rows(u"SELECT 'Esquema', Descripcion, FechaInicio, FechaFinal FROM Comisiones "
+                     u"WHERE Empresa = '001' AND Codigo = '%1'"_s.arg(m_code)) +
+        company.rows(
+            u"SELECT Tipo, Concepto, Descripcion, CantidadInicio, CantidadFinal, Porcentaje, SubTipo, "
+            u"Calculo, FechaInicio, FechaFinal FROM ComisionesD WHERE Empresa = '001' AND Codigo = '%1'"_s
+                .arg(m_code));
+    all.sort();
+    return all;
 }
 
 int SchemeStates::storedState(const TestCompany& company) const {

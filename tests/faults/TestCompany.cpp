@@ -1,4 +1,6 @@
 #include "tests/faults/TestCompany.h"
+#include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/core/SqlLexer.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/session/Profile.h"
 #include "sql/Schema.h"
@@ -49,22 +51,72 @@ TestCompany::TestCompany(int timeout, const QString& folder)
     setTimeout(timeout);
 }
 
+TestCompany::TestCompany(TestEngine engine, int timeout) : m_path(m_temporary.path()) {
+    if (engine == TestEngine::Sqlite) {
+        createDatabase(database());
+    } else {
+        m_server = std::make_unique<TestDatabase>(engine);
+        m_server->run(QString::fromUtf8(seed));
+    }
+    setTimeout(timeout);
+}
+
+QString TestCompany::connectString() const {
+    return m_server ? m_server->connectString() : QStringLiteral("Driver=sqlite;Database=") + database();
+}
+
 void TestCompany::setTimeout(int timeout) const {
+    writeProfile(m_server ? m_server->connectString(timeout)
+                          : QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=%1").arg(timeout));
+}
+
+void TestCompany::writeProfile(const QString& connectString, bool automatic) const {
     quorvane::Profile profile;
-    profile.connectString = QStringLiteral("Driver=sqlite;Database=quorvane.db;Timeout=%1").arg(timeout);
+    profile.connectString = connectString;
     profile.companies = {QStringLiteral("001"), QStringLiteral("002")};
     profile.defaultCompany = QStringLiteral("001");
     profile.user = QStringLiteral("ana");
-    profile.automatic = true;
+    profile.automatic = automatic;
     profile.save(path());
 }
 
 void TestCompany::execute(const QString& statements) const {
+    if (m_server) {
+        quorvane::Connection connection;
+        connection.open(connectString());
+        connection.beginTrans();
+        for (const QString& statement : quorvane::statementsOf(statements))
+            connection.execute(statement);
+        connection.commitTrans();
+        return;
+    }
     const auto handle = quorvane::sqlite::open(database(), Access::ReadWrite, patience);
-    quorvane::sqlite::run(handle.get(), statements.toUtf8());
+    quorvane::sqlite::run(handle.get(), "BEGIN;" + statements.toUtf8() + ";COMMIT");
+}
+
+QStringList TestCompany::serverRows(const QString& select) const {
+    quorvane::Connection connection;
+    connection.open(connectString());
+    QStringList result;
+    for (quorvane::Recordset row = connection.openRecordset(select); !row.eof(); row.moveNext()) {
+        QStringList values;
+        for (int i = 0; i < row.fieldCount(); ++i) {
+            // Dates and numbers as the embedded database stores them.
+            const quorvane::Value value = row.value(i);
+            const auto* date = value.get<quorvane::Date>();
+            values << (value.isNull() ? QString()
+                       : date         ? date->toQDate().toString(Qt::ISODate)
+                                      : value.toText({u'.', u',', u'/'}));
+        }
+        result << values.join(u'|');
+    }
+    result.sort();
+    return result;
 }
 
 QStringList TestCompany::rows(const QString& select) const {
+    if (m_server)
+        return serverRows(select);
     const auto handle = quorvane::sqlite::open(database(), Access::ReadWrite, patience);
     const auto statement = quorvane::sqlite::prepare(handle.get(), select.toUtf8());
     QStringList result;
@@ -87,9 +139,15 @@ QString TestCompany::value(const QString& select) const {
 }
 
 QStringList TestCompany::contents() const {
-    QStringList all = rows(QStringLiteral("SELECT name, sql FROM sqlite_master"));
-    for (const QString& table : rows(QStringLiteral(
-             "SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'ses_auditoria'")))
+    QStringList all;
+    QString tables = QStringLiteral("SELECT relname FROM pg_class WHERE relkind = 'r' AND relnamespace = "
+                                    "'public'::regnamespace AND relname <> 'ses_auditoria'");
+    if (!m_server) {
+        all = rows(QStringLiteral("SELECT name, sql FROM sqlite_master"));
+        tables =
+            QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'ses_auditoria'");
+    }
+    for (const QString& table : rows(tables))
         for (const QString& row : rows(QStringLiteral("SELECT * FROM ") + table))
             all << table + u": "_s + row;
     return all;

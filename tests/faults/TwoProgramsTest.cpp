@@ -1,4 +1,4 @@
-// Two users with the same scheme on screen, each in a program of his own over one database file.
+// Two users with the same scheme on screen, each in a program of his own over one database.
 #include "tests/faults/ProgramFixture.h"
 #include <QFile>
 
@@ -13,7 +13,7 @@ const Message notDeleted{
     u"No se eliminó el registro porque ha sido modificado por otro usuario. Debe leer nuevamente."_s,
     MessageWarning};
 
-class TwoPrograms : public ProgramFixture {
+class TwoPrograms : public EveryEngine {
 protected:
     void SetUp() override {
         readC1();
@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(TwoPrograms, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) {
+TEST_P(TwoPrograms, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) {
     firstSaves();
     second.enterCell(*second.controls().XGrid, 1, 6, u"77"_s);
     const QStringList before = second.screen();
@@ -57,7 +57,7 @@ TEST_F(TwoPrograms, TheSecondSaveAfterAChangedPeriodIsRefusedAndStoresNothing) {
     EXPECT_EQ(changedCells(), u"1"_s);
 }
 
-TEST_F(TwoPrograms, TheSecondChangeOfThePeriodIsRefusedToo) {
+TEST_P(TwoPrograms, TheSecondChangeOfThePeriodIsRefusedToo) {
     firstSaves();
     states.change(second.table(), 3);
     second.click(u"grabar"_s);
@@ -67,7 +67,7 @@ TEST_F(TwoPrograms, TheSecondChangeOfThePeriodIsRefusedToo) {
     EXPECT_EQ(states.storedRows(company), states.rows(2));
 }
 
-TEST_F(TwoPrograms, ADeletionAfterAChangedPeriodIsRefused) {
+TEST_P(TwoPrograms, ADeletionAfterAChangedPeriodIsRefused) {
     firstSaves();
     second.click(u"eliminar"_s);
     const std::vector<Message> messages = recorder.take();
@@ -76,7 +76,7 @@ TEST_F(TwoPrograms, ADeletionAfterAChangedPeriodIsRefused) {
     EXPECT_EQ(states.storedRows(company), states.rows(2));
 }
 
-TEST_F(TwoPrograms, ASaveAfterADeletionIsRefused) {
+TEST_P(TwoPrograms, ASaveAfterADeletionIsRefused) {
     program.click(u"eliminar"_s);
     recorder.take();
     second.enterCell(*second.controls().XGrid, 1, 6, u"77"_s);
@@ -86,7 +86,7 @@ TEST_F(TwoPrograms, ASaveAfterADeletionIsRefused) {
 }
 
 // The same new code typed twice: nobody's scheme is written over.
-TEST_F(TwoPrograms, TheSecondOfTwoNewSchemesUnderOneKeyIsRefused) {
+TEST_P(TwoPrograms, TheSecondOfTwoNewSchemesUnderOneKeyIsRefused) {
     for (RunningProgram* one : {&program, &second}) {
         one->click(u"limpiar"_s);
         one->enter(*one->controls().TxtCodigo, u"NUEVO"_s);
@@ -110,7 +110,7 @@ TEST_F(TwoPrograms, TheSecondOfTwoNewSchemesUnderOneKeyIsRefused) {
     EXPECT_EQ(company.value(u"SELECT count(*) FROM ComisionesD WHERE Codigo = 'NUEVO'"_s), u"1"_s);
 }
 
-TEST_F(TwoPrograms, SavesOfDifferentSchemesDoNotDisturbEachOther) {
+TEST_P(TwoPrograms, SavesOfDifferentSchemesDoNotDisturbEachOther) {
     const SchemeStates other(u"C2"_s, 30);
     other.store(company, 1);
     second.click(u"limpiar"_s);
@@ -122,5 +122,7 @@ TEST_F(TwoPrograms, SavesOfDifferentSchemesDoNotDisturbEachOther) {
     EXPECT_EQ(other.storedRows(company), other.rows(2));
     EXPECT_EQ(states.storedRows(company), states.rows(2));
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, TwoPrograms, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test

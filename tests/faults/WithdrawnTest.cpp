@@ -11,7 +11,7 @@ const Message mayNotWrite{u"Usuario no tiene permiso de escritura"_s, MessageWar
 const Message mayNotRead{u"Usuario no tiene permiso de lectura"_s, MessageWarning};
 const Message mayNotDelete{u"Usuario no tiene permiso de eliminación"_s, MessageWarning};
 
-class CompanyOnTheCommandLine : public testing::Test {
+class CompanyOnTheCommandLine : public testing::TestWithParam<TestEngine> {
 protected:
     /// The start with this command line ends with one message.
     void expectRefused(const QString& commandLine, const QString& told) {
@@ -27,11 +27,11 @@ protected:
                                        u"» no existe o no está en el perfil."_s);
     }
 
-    const TestCompany company;
+    const TestCompany company{GetParam()};
     const ProgramFiles files;
 };
 
-class Withdrawn : public ProgramFixture {
+class Withdrawn : public EveryEngine {
 protected:
     void SetUp() override { readC1(); }
     /// What another program does to the user's rights; the program looks again after a second.
@@ -44,24 +44,24 @@ protected:
 
 } // namespace
 
-TEST_F(CompanyOnTheCommandLine, UnknownIsTold) {
+TEST_P(CompanyOnTheCommandLine, UnknownIsTold) {
     expectUnknown(u"EMPRESA=999"_s, u"999"_s);
     expectUnknown(u"USUARIO=ana;empresa=nadie;X=1"_s, u"nadie"_s);
 }
 
-TEST_F(CompanyOnTheCommandLine, WithoutConfigurationIsTold) {
+TEST_P(CompanyOnTheCommandLine, WithoutConfigurationIsTold) {
     expectRefused(u"EMPRESA=002"_s,
                   u"No existe la siguiente configuración.\n\n"
                   u"- Definición de monedas en parámetros generales.\n"
                   u"- Definición de moneda local en parámetros o en la tabla de monedas.\n"_s);
 }
 
-TEST_F(CompanyOnTheCommandLine, ALineLongerThanItsPositionsIsTold) {
+TEST_P(CompanyOnTheCommandLine, ALineLongerThanItsPositionsIsTold) {
     expectRefused(u"EMPRESA="_s + QString(40'000, u'x'),
                   u"Error al iniciar aplicación\n6 - Desbordamiento"_s);
 }
 
-TEST_F(CompanyOnTheCommandLine, StatementsAreCodesThatNobodyHas) {
+TEST_P(CompanyOnTheCommandLine, StatementsAreCodesThatNobodyHas) {
     expectUnknown(u"EMPRESA='; DROP TABLE Comisiones; --"_s, u"'"_s);
     expectUnknown(u"EMPRESA=001' OR '1'='1"_s, u"001' OR '1'='1"_s);
     expectUnknown(u"EMPRESA=001'/**/UNION/**/SELECT/**/Clave,Usuario/**/FROM/**/ses_usuario--"_s,
@@ -70,7 +70,7 @@ TEST_F(CompanyOnTheCommandLine, StatementsAreCodesThatNobodyHas) {
     expectUnknown(u"EMPRESA=$Empresa$"_s, u"$Empresa$"_s);
 }
 
-TEST_F(Withdrawn, WithoutTheRightToWriteASaveIsRefusedAndNothingIsLost) {
+TEST_P(Withdrawn, WithoutTheRightToWriteASaveIsRefusedAndNothingIsLost) {
     changeOneCell();
     const QStringList before = program.screen();
     grant(u"R-XD"_s);
@@ -84,14 +84,14 @@ TEST_F(Withdrawn, WithoutTheRightToWriteASaveIsRefusedAndNothingIsLost) {
     EXPECT_EQ(changedCells(), u"1"_s);
 }
 
-TEST_F(Withdrawn, WithoutTheRightToDeleteTheSchemeStays) {
+TEST_P(Withdrawn, WithoutTheRightToDeleteTheSchemeStays) {
     grant(u"RWX-"_s);
     program.click(u"eliminar"_s);
     EXPECT_EQ(recorder.take().back(), mayNotDelete);
     EXPECT_EQ(states.storedRows(company), states.rows(1));
 }
 
-TEST_F(Withdrawn, WithoutTheRightToReadNothingMoreIsRead) {
+TEST_P(Withdrawn, WithoutTheRightToReadNothingMoreIsRead) {
     program.click(u"limpiar"_s);
     grant(u"-WXD"_s);
     program.read(u"C1"_s);
@@ -99,7 +99,7 @@ TEST_F(Withdrawn, WithoutTheRightToReadNothingMoreIsRead) {
     EXPECT_FALSE(program.table().SysRecordFound);
 }
 
-TEST_F(Withdrawn, AUserWhoWasRemovedCanDoNothingMoreButClose) {
+TEST_P(Withdrawn, AUserWhoWasRemovedCanDoNothingMoreButClose) {
     changeOneCell();
     change(u"DELETE FROM ses_derecho WHERE Usuario = 'ana'; DELETE FROM ses_usuario WHERE Usuario = 'ana'"_s);
     const QStringList before = company.contents();
@@ -117,12 +117,15 @@ TEST_F(Withdrawn, AUserWhoWasRemovedCanDoNothingMoreButClose) {
     EXPECT_FALSE(program.context().Table);
 }
 
-TEST_F(Withdrawn, ACompanyRemovedMeanwhileKeepsWhatIsOnScreen) {
+TEST_P(Withdrawn, ACompanyRemovedMeanwhileKeepsWhatIsOnScreen) {
     changeOneCell();
     change(u"DELETE FROM ses_empresa WHERE Empresa = '001'"_s);
     program.click(u"grabar"_s);
     expectSilence();
     EXPECT_EQ(changedCells(), u"1"_s) << "the rights are the user's, not the company's";
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, CompanyOnTheCommandLine, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, Withdrawn, testing::ValuesIn(allEngines), engineName);
 
 } // namespace dalvora::test
