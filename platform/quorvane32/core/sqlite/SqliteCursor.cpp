@@ -76,6 +76,10 @@ bool SqliteCursor::next() {
     raiseLastError(m_database.get());
 }
 
+QByteArray SqliteCursor::declaredType(int ordinal) const {
+    return sqlite3_column_decltype(m_statement.get(), ordinal);
+}
+
 const QString& SqliteCursor::text(int ordinal) {
     Column& column = m_columns[ordinal];
     const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), ordinal));

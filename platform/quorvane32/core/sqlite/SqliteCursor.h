@@ -20,6 +20,8 @@ public:
     int columnCount() const override { return static_cast<int>(m_columns.size()); }
     QString columnName(int ordinal) const override { return m_columns[ordinal].name; }
     Value value(int ordinal) override;
+    /// The type that a column has in the definition of its table; empty for an expression.
+    QByteArray declaredType(int ordinal) const;
 
 private:
     /// What the declared type of a column asks its values to be.
