@@ -36,5 +36,8 @@ QStringList statementsOf(const QString& script);
 /// SELECT that stores nothing (no INTO). A trailing ";" is allowed.
 void requireOneStatement(QStringView sql, const std::vector<SqlToken>& tokens);
 void requireOneSelect(QStringView sql, const std::vector<SqlToken>& tokens);
+/// Error 3705 for a value that nobody filled in: $Codigo$ would open a text for some server, ? and :name an
+/// operator, @name stand for a variable.
+void requireFilled(QStringView sql, const std::vector<SqlToken>& tokens);
 
 } // namespace quorvane

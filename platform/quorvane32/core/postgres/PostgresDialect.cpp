@@ -98,25 +98,6 @@ private:
     }
 };
 
-/// Error 3705 for a value that nobody filled in: $Codigo$ would open a text for the server, ? and :name an
-/// operator.
-void requireFilled(QStringView sql, const std::vector<SqlToken>& tokens) {
-    const auto isColonAt = [&](qsizetype place) {
-        return place >= 0 && place < sql.size() && sql[place] == u':';
-    };
-    for (const SqlToken& token : tokens) {
-        const QStringView text = token.text(sql);
-        const bool cast = isColonAt(token.start + 1) || isColonAt(token.start - 1);
-        const bool symbol =
-            token.kind == SqlToken::Symbol && (text == u"$" || text == u"?" || (text == u":" && !cast));
-        constexpr qsizetype enoughToFindIt = 32;
-        if (symbol || (token.kind == SqlToken::Word && (text.startsWith(u'@') || text.contains(u'$'))))
-            throw RunTimeError(ErrorRefusedStatement,
-                               QStringLiteral("La instrucción tiene un parámetro sin valor: %1")
-                                   .arg(sql.mid(token.start, enoughToFindIt)));
-    }
-}
-
 } // namespace
 
 QString PostgresDialect::adapt(const QString& sql) {

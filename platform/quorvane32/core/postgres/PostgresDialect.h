@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/quorvane32/core/DateLiterals.h"
+#include "platform/quorvane32/core/qtsql/Dialect.h"
 #include <QString>
 #include <vector>
 
@@ -16,17 +17,17 @@ namespace quorvane::postgres {
 ///
 /// The server would run several statements of one text, and reads some texts (E'...', dollar quotes) in ways
 /// of its own: what could make it see another statement than the one that was checked never reaches it.
-class PostgresDialect {
+class PostgresDialect final : public qtsql::Dialect {
 public:
     explicit PostgresDialect(DateColumns columns) : m_columns(std::move(columns)) {}
 
     /// Error 3705 for anything but one statement with all its values, 5 for a text that holds a NUL.
-    QString adaptCommand(const QString& sql);
+    QString adaptCommand(const QString& sql) override;
     /// The same; error 3705 also for anything but a SELECT.
-    QString adaptQuery(const QString& sql);
+    QString adaptQuery(const QString& sql) override;
 
     /// How the statement adapted last spells a name that the server gives in lower case.
-    QString spelling(const QString& sql, const QString& name) const;
+    QString spelling(const QString& sql, const QString& name) const override;
 
 private:
     QString adapt(const QString& sql);

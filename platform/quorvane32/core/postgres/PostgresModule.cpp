@@ -1,5 +1,7 @@
 #include "platform/quorvane32/core/EngineFactory.h"
-#include "platform/quorvane32/core/postgres/PostgresEngine.h"
+#include "platform/quorvane32/core/postgres/PostgresProduct.h"
+#include "platform/quorvane32/core/postgres/PostgresTransport.h"
+#include "platform/quorvane32/core/qtsql/ServerEngine.h"
 #include <QObject>
 
 namespace quorvane::postgres {
@@ -12,7 +14,8 @@ class PostgresModule final : public QObject, public EngineFactory {
 
 public:
     std::unique_ptr<Engine> open(const ConnectString& options) override {
-        return std::make_unique<PostgresEngine>(options);
+        return std::make_unique<qtsql::ServerEngine>(
+            qtsql::Server{std::make_unique<PostgresTransport>(options), std::make_unique<PostgresProduct>()});
     }
 };
 
