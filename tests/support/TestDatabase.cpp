@@ -54,13 +54,16 @@ TestDatabase::TestDatabase(TestEngine engine, Tables tables) : m_engine(engine) 
 }
 
 TestDatabase::~TestDatabase() {
-    if (m_engine == TestEngine::PostgreSql)
+    if (m_engine != TestEngine::Sqlite)
         runScript(cluster().connectString(u"postgres"_s), u"DROP DATABASE %1 WITH (FORCE)"_s.arg(m_name));
 }
 
 QString TestDatabase::connectString(int timeout) const {
-    const QString base = m_engine == TestEngine::Sqlite ? u"Driver=sqlite;Database="_s + m_name
-                                                        : cluster().connectString(m_name);
+    QString base = u"Driver=sqlite;Database="_s + m_name;
+    if (m_engine != TestEngine::Sqlite)
+        base = cluster().connectString(m_name);
+    if (m_engine == TestEngine::OdbcPostgreSql)
+        base.replace(u"Driver=postgresql"_s, u"Driver=odbc-postgresql"_s);
     return base + u";Synchronous=normal;Timeout=%1"_s.arg(timeout);
 }
 

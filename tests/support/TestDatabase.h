@@ -8,13 +8,19 @@
 namespace dalvora::test {
 
 /// The engines that one suite runs on.
-enum class TestEngine { Sqlite, PostgreSql };
+enum class TestEngine {
+    Sqlite,
+    PostgreSql,
+    OdbcPostgreSql, ///< the same server through its ODBC driver
+};
 
-inline constexpr TestEngine allEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql};
+inline constexpr TestEngine allEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql,
+                                            TestEngine::OdbcPostgreSql};
 
 /// For INSTANTIATE_TEST_SUITE_P: names a test by its engine.
 inline std::string engineName(const testing::TestParamInfo<TestEngine>& info) {
-    return info.param == TestEngine::Sqlite ? "Sqlite" : "PostgreSql";
+    constexpr const char* names[] = {"Sqlite", "PostgreSql", "OdbcPostgreSql"};
+    return names[static_cast<int>(info.param)];
 }
 
 /// A database of the test's own: the ERP's and the session's tables without a row, or nothing at all. The

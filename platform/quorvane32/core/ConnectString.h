@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QMap>
-#include <QString>
+#include <QStringList>
 
 namespace quorvane {
 
@@ -16,6 +16,8 @@ public:
     /// A whole number; the fallback for a value that is none or is missing.
     int number(const QString& key, int fallback) const;
     void setValue(const QString& key, const QString& value);
+    /// In lower case, sorted.
+    QStringList keys() const { return m_values.keys(); }
     QString toString() const;
 
 private:

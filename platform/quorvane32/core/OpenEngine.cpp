@@ -14,6 +14,8 @@ struct Module {
 
 constexpr Module modules[] = {
     {u"postgresql", u"quorvane_postgres"},
+    {u"sqlserver", u"quorvane_odbc"},
+    {u"odbc-postgresql", u"quorvane_odbc"},
 };
 
 std::unique_ptr<Engine> openFromModule(const Module& module, const ConnectString& options) {
