@@ -78,7 +78,7 @@ DateColumns readDateColumns(qtsql::SqlLink& link) {
 
 } // namespace
 
-void PostgresProduct::start(qtsql::SqlLink& link) const {
+qtsql::TransactionWords PostgresProduct::start(qtsql::SqlLink& link) const {
     QSqlQuery query = link.run(QStringLiteral(
         "SELECT current_setting('server_version_num')::int, current_setting('server_version')"));
     link.fetch(query);
@@ -89,10 +89,11 @@ void PostgresProduct::start(qtsql::SqlLink& link) const {
                            "posterior")
                 .arg(query.value(1).toString())
                 .arg(oldestVersion / 10000));
-}
-
-qtsql::TransactionWords PostgresProduct::words() const {
-    return {QStringLiteral("BEGIN"), QStringLiteral("COMMIT"), QStringLiteral("ROLLBACK")};
+    return {QStringLiteral("BEGIN"), QStringLiteral("COMMIT"), QStringLiteral("ROLLBACK"),
+            // It holds no row, so a list that is left open on the screen may stay.
+            QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY; "
+                           "SET LOCAL idle_in_transaction_session_timeout = 0; "),
+            QStringLiteral("COMMIT")};
 }
 
 std::unique_ptr<qtsql::Dialect> PostgresProduct::dialect(qtsql::SqlLink& link) const {

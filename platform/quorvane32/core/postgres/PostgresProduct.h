@@ -11,8 +11,7 @@ namespace quorvane::postgres {
 /// own file (~/.pgpass).
 class PostgresProduct final : public qtsql::Product {
 public:
-    void start(qtsql::SqlLink& link) const override;
-    qtsql::TransactionWords words() const override;
+    qtsql::TransactionWords start(qtsql::SqlLink& link) const override;
     std::unique_ptr<qtsql::Dialect> dialect(qtsql::SqlLink& link) const override;
     RunTimeError statementError(const qtsql::ServerFaults& faults) const override;
     RunTimeError connectError(const qtsql::ServerFaults& faults, const QString& place) const override;

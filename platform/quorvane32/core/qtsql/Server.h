@@ -57,9 +57,9 @@ struct TransactionWords {
 class Product {
 public:
     virtual ~Product() = default;
-    /// Readies a session before its first statement; error 3343 for a server that is too old.
-    virtual void start(SqlLink& link) const = 0;
-    virtual TransactionWords words() const = 0;
+    /// Readies a session before its first statement and tells its words; error 3343 for a server that is too
+    /// old.
+    virtual TransactionWords start(SqlLink& link) const = 0;
     virtual std::unique_ptr<Dialect> dialect(SqlLink& link) const = 0;
     /// The ERP server's number with the server's own text in brackets.
     virtual RunTimeError statementError(const ServerFaults& faults) const = 0;

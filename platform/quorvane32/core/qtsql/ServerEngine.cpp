@@ -2,6 +2,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/qtsql/SqlCursor.h"
 #include <QSqlRecord>
+#include <utility>
 
 namespace quorvane::qtsql {
 
@@ -19,7 +20,7 @@ ServerEngine::ServerEngine(Server server)
 
 ServerEngine::~ServerEngine() {
     // A result still open keeps the link: an unfinished transaction shall not live on with it.
-    if (m_link->inTransaction())
+    if (m_link->inTransaction() || m_reading == Reading::Open)
         m_link->close();
 }
 
@@ -41,7 +42,11 @@ ServerEngine::Result ServerEngine::querySecond(const QString& sql) {
 }
 
 ServerEngine::Result ServerEngine::query(const QString& sql) {
-    if (!m_link->inTransaction() && !m_secondRefused && m_link->isBusy(fewRows)) {
+    if (m_reading == Reading::Asked) {
+        m_reading = Reading::Open;
+        return {m_link, m_link->runFirstRead(sql)};
+    }
+    if (m_reading == Reading::No && !m_link->inTransaction() && !m_secondRefused && m_link->isBusy(fewRows)) {
         try {
             return querySecond(sql);
         } catch (const RunTimeError& error) {
@@ -69,6 +74,11 @@ qint64 ServerEngine::execute(const QString& sql) {
     clear();
     QSqlQuery query = m_link->run(adapted);
     return m_link->affectedRows(query);
+}
+
+void ServerEngine::endReading() {
+    if (std::exchange(m_reading, Reading::No) == Reading::Open)
+        m_link->endReading();
 }
 
 void ServerEngine::begin() {

@@ -12,7 +12,7 @@ SqlLink::SqlLink(std::shared_ptr<const Server> server)
     , m_database(open()) {
     try {
         m_server->transport->opened(m_database);
-        m_server->product->start(*this);
+        m_words = m_server->product->start(*this);
     } catch (...) {
         close();
         m_database = QSqlDatabase();
@@ -82,7 +82,7 @@ QSqlQuery SqlLink::run(const QString& sql) {
 }
 
 QSqlQuery SqlLink::runFirstRead(const QString& sql) {
-    QSqlQuery query = run(m_server->product->words().beginReading + sql);
+    QSqlQuery query = run(m_words.beginReading + sql);
     while (!query.isSelect())
         if (!query.nextResult())
             fail(query);
@@ -90,9 +90,8 @@ QSqlQuery SqlLink::runFirstRead(const QString& sql) {
 }
 
 void SqlLink::endReading() {
-    const QString words = m_server->product->words().endReading;
-    if (!words.isEmpty())
-        run(words);
+    if (!m_words.endReading.isEmpty())
+        run(m_words.endReading);
 }
 
 bool SqlLink::fetch(QSqlQuery& query) {
@@ -117,7 +116,7 @@ qint64 SqlLink::affectedRows(QSqlQuery& query) {
 }
 
 void SqlLink::begin() {
-    run(m_server->product->words().begin);
+    run(m_words.begin);
     m_inTransaction = true;
     m_failed = false;
 }
@@ -128,7 +127,7 @@ void SqlLink::commit() {
         throw RunTimeError(ErrorTransactionFailed,
                            QStringLiteral("Una instrucción de la transacción falló: no se guardó nada"));
     try {
-        run(m_server->product->words().commit);
+        run(m_words.commit);
     } catch (const RunTimeError& error) {
         if (error.number() != ErrorConnectionLost)
             throw;
@@ -142,7 +141,7 @@ void SqlLink::commit() {
 }
 
 void SqlLink::rollback() {
-    send(m_server->product->words().rollback);
+    send(m_words.rollback);
     m_inTransaction = false;
     m_failed = false;
 }

@@ -63,6 +63,7 @@ private:
     std::shared_ptr<const Server> m_server;
     QString m_name;
     QSqlDatabase m_database;
+    TransactionWords m_words;
     PendingRows* m_pending = nullptr;
     bool m_inTransaction = false;
     bool m_failed = false; ///< a statement of the transaction

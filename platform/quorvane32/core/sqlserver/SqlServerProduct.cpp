@@ -123,10 +123,13 @@ SqlServerProduct::SqlServerProduct(const ConnectString& options)
     : m_lockTimeout(qMax(0, options.number(QStringLiteral("timeout"), qtsql::usualLockTimeout)))
     , m_readOnly(qtsql::flagOf(options, "readonly", false)) {}
 
-void SqlServerProduct::start(qtsql::SqlLink& link) const {
-    QSqlQuery query =
-        link.run(QStringLiteral("SELECT CAST(SERVERPROPERTY('ProductVersion') AS varchar(128)) AS Version"));
-    const QString version = link.fetch(query) ? query.value(0).toString() : QString();
+qtsql::TransactionWords SqlServerProduct::start(qtsql::SqlLink& link) const {
+    QSqlQuery query = link.run(QStringLiteral(
+        "SELECT CAST(SERVERPROPERTY('ProductVersion') AS varchar(128)) AS Version, snapshot_isolation_state "
+        "AS Snapshots FROM sys.databases WHERE database_id = DB_ID()"));
+    link.fetch(query);
+    const QString version = query.value(0).toString();
+    const bool snapshots = query.value(1).toInt() == 1;
     query.finish();
     if (version.section(u'.', 0, 0).toInt() < oldestVersion)
         throw RunTimeError(ErrorDatabaseFormat,
@@ -136,11 +139,19 @@ void SqlServerProduct::start(qtsql::SqlLink& link) const {
                                .arg(oldestVersion));
     QSqlQuery settings = link.run(sessionSettings(m_lockTimeout));
     link.affectedRows(settings);
-}
 
-qtsql::TransactionWords SqlServerProduct::words() const {
-    return {QStringLiteral("BEGIN TRANSACTION"), QStringLiteral("COMMIT TRANSACTION"),
-            QStringLiteral("IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION")};
+    qtsql::TransactionWords words{QStringLiteral("BEGIN TRANSACTION"),
+                                  QStringLiteral("COMMIT TRANSACTION"),
+                                  QStringLiteral("IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"),
+                                  {},
+                                  {}};
+    // Readers of one state would otherwise lock the rows that they read: then each query sees its own.
+    if (snapshots) {
+        words.beginReading = QStringLiteral("SET TRANSACTION ISOLATION LEVEL SNAPSHOT; BEGIN TRANSACTION; ");
+        words.endReading = QStringLiteral("IF @@TRANCOUNT > 0 COMMIT TRANSACTION; "
+                                          "SET TRANSACTION ISOLATION LEVEL READ COMMITTED");
+    }
+    return words;
 }
 
 std::unique_ptr<qtsql::Dialect> SqlServerProduct::dialect(qtsql::SqlLink& /*link*/) const {
