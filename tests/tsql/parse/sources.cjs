@@ -1,0 +1,61 @@
+'use strict';
+// The statements, and pieces of statements, that stand as text literals in the C++ sources.
+
+const fs = require('node:fs');
+const path = require('node:path');
+
+// Rooms whose statements go through a connection, and the files in them whose statements do not.
+const rooms = ['app', 'common', 'data', 'demo', 'forms', 'platform', 'reports', 'tools', 'ui'];
+const withoutConnection = [
+    ['platform/quorvane32/core/', 'engines ask their own database for its catalogue, in its own SQL'],
+    ['demo/SqliteTarget.cpp', 'loads the embedded database through its C interface'],
+    ['demo/ScaleData.cpp', 'loads the embedded database through its C interface'],
+];
+
+const statementStart = /^\s*(select|insert|update|delete|create|alter|drop|truncate|merge|from|left join|where|and|or|group by|order by|union|values|set)\s/i;
+const token = /\/\/[^\n]*|\/\*[\s\S]*?\*\/|"(?:[^"\\\n]|\\.)*"|'(?:[^'\\\n]|\\.)*'/g;
+const escapes = { n: '\n', r: '\r', t: '\t', 0: '\0' };
+
+function unescaped(literal) {
+    return literal.slice(1, -1).replace(/\\(.)/g, (_, letter) => escapes[letter] ?? letter);
+}
+
+/** The texts of a source, adjacent literals joined as the compiler does. */
+function textsOf(source) {
+    const texts = [];
+    let end = -1;
+    for (const match of source.matchAll(token)) {
+        if (!match[0].startsWith('"'))
+            continue;
+        const between = end < 0 ? 'start' : source.slice(end, match.index).replace(token, '');
+        if (/^\s*(u8?|L)?$/.test(between))
+            texts[texts.length - 1] += unescaped(match[0]);
+        else
+            texts.push(unescaped(match[0]));
+        end = match.index + match[0].length;
+    }
+    return texts;
+}
+
+/** A pattern for what the text becomes once its placeholders ($Name$, %1) are filled. */
+function patternOf(text) {
+    const fixed = text.split(/\$\w+\$|%\d/).map((piece) => piece.replace(/[.*+?^${}()|[\]\\]/g, '\\$&'));
+    return new RegExp(fixed.join('[\\s\\S]*?'));
+}
+
+/** [{ file, text, pattern }] of all rooms. */
+function sourceStatements(root) {
+    const found = [];
+    for (const room of rooms)
+        for (const name of fs.readdirSync(path.join(root, room), { recursive: true })) {
+            const file = path.posix.join(room, name.split(path.sep).join('/'));
+            if (!/\.(cpp|h)$/.test(file) || withoutConnection.some(([place]) => file.startsWith(place)))
+                continue;
+            for (const text of textsOf(fs.readFileSync(path.join(root, file), 'utf8')))
+                if (statementStart.test(text))
+                    found.push({ file, text, pattern: patternOf(text) });
+        }
+    return found;
+}
+
+module.exports = { sourceStatements, textsOf, patternOf };
