@@ -1,7 +1,6 @@
 #include "tests/load/LoadCompany.h"
 
 #include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/session/ErpSession.h"
 #include "platform/quorvane32/session/Profile.h"
 #include <QDir>
 
@@ -10,8 +9,6 @@ namespace dalvora::test {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int salespeople = 8;
 
 const QString seed = uR"(
 INSERT INTO ses_empresa (Empresa, Nombre) VALUES ('001', 'Empresa de prueba');
@@ -40,6 +37,8 @@ LoadCompany::LoadCompany(TestEngine engine, int users, int timeout) : m_database
                        u"('001', 'L%1', 'Lista %1')"_s, 1, codesOfAKind);
     script += numbered(u"INSERT INTO gen_tabcod (Empresa, Tipo, Codigo, Texto)"_s,
                        u"('001', 'gen_vendedor', 'V%1', 'inicio')"_s, 1, salespeople);
+    script += numbered(u"INSERT INTO Comisiones (Empresa, Codigo, Descripcion, FechaInicio, FechaFinal)"_s,
+                       u"('001', 'S%1', 'inicio', '01/01/2006', '31/12/2006')"_s, 1, sharedSchemes);
     script += numbered(u"INSERT INTO ses_usuario (Usuario)"_s, u"('u%1')"_s, 0, users - 1);
     script += numbered(u"INSERT INTO ses_derecho (Usuario, Programa, Derechos)"_s,
                        u"('u%1', 'VELTRANO', 'RWXD')"_s, 0, users - 1);
@@ -64,7 +63,9 @@ LoadProgram::LoadProgram(const QString& profileFolder, const LoadParts& parts) {
         auto engine = quorvane::openEngine(connectString);
         return parts.engine ? parts.engine(std::move(engine)) : std::move(engine);
     });
-    m_context.Session = std::make_unique<quorvane::ErpSession>(profileFolder, nullptr);
+    auto erp = std::make_unique<quorvane::ErpSession>(profileFolder, nullptr);
+    m_erp = erp.get();
+    m_context.Session = std::move(erp);
     if (parts.session)
         m_context.Session = parts.session(std::move(m_context.Session));
     bool cancel = false;

@@ -5,6 +5,7 @@
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/Engine.h"
 #include "platform/quorvane32/core/Session.h"
+#include "platform/quorvane32/session/ErpSession.h"
 #include "tests/support/TestDatabase.h"
 #include <QTemporaryDir>
 #include <functional>
@@ -45,15 +46,21 @@ public:
     quorvane::Connection& connection() { return *m_context.Connection; }
     quorvane::Session& session() { return *m_context.Session; }
     const SessionContext& context() const { return m_context; }
+    /// Audit entries that wait for a lock.
+    std::size_t waitingAudits() const { return m_erp->WaitingAuditEntries(); }
 
     /// What the main form does when a code is entered and read.
     bool read(const QString& code);
 
 private:
+    quorvane::ErpSession* m_erp = nullptr; ///< the session itself, whatever stands around it
     SessionContext m_context;
 };
 
-/// The texts of a scheme that the programs of these tests work on.
-inline constexpr int codesOfAKind = 60; ///< products P1.., documents D1.. and price lists L1..
+/// How many products (P1..), documents (D1..), price lists (L1..) and salespeople (V1..) there are.
+inline constexpr int codesOfAKind = 60;
+inline constexpr int salespeople = 8;
+/// Schemes that everyone has lines in (S1..); they are there from the beginning.
+inline constexpr int sharedSchemes = 4;
 
 } // namespace dalvora::test

@@ -60,7 +60,8 @@ protected:
             });
     }
     QString stored() {
-        const auto row = reader.connection().openRecordset(u"SELECT Porcentaje FROM Comisiones"_s);
+        const auto row =
+            reader.connection().openRecordset(u"SELECT Porcentaje FROM Comisiones WHERE Codigo = 'C1'"_s);
         return row.value(0).toText({});
     }
 
@@ -121,7 +122,8 @@ TEST_P(ReadTogether, AskingForTheRightsAloneLeavesNothingOpen) {
 TEST_P(ReadTogether, AWriteEndsWhatBelongsTogether) {
     ASSERT_TRUE(reader.read(u"C2"_s));
     saveAnew(u"5"_s);
-    EXPECT_EQ(reader.connection().execute(u"UPDATE Comisiones SET Acumulable = 'S'"_s), 1);
+    EXPECT_EQ(reader.connection().execute(u"UPDATE Comisiones SET Acumulable = 'S' WHERE Codigo = 'C1'"_s),
+              1);
     EXPECT_EQ(stored(), u"5"_s);
     reader.connection().beginReading();
     EXPECT_EQ(stored(), u"5"_s);

@@ -45,6 +45,7 @@ public:
     /// Code of the user signed in.
     virtual QString UserName() const = 0;
     /// Four letters R, W, X, D (read, write, execute, delete), each replaced by "-" where it is not granted.
+    /// Asked for when an operation begins: what it then reads is one state of the database.
     virtual QString AccessRights() const = 0;
     /// What the user should be told once after signing in, in Spanish; "" for nothing.
     virtual QString Warning() const { return {}; }
