@@ -4,15 +4,15 @@
 const fs = require('node:fs');
 const path = require('node:path');
 
-// Rooms whose statements go through a connection, and the files in them whose statements do not.
-const rooms = ['app', 'common', 'data', 'demo', 'forms', 'platform', 'reports', 'tools', 'ui'];
-const withoutConnection = [
+// Rooms with statements, and the files in them whose statements are an engine's own and never reach another one.
+const rooms = ['app', 'common', 'data', 'demo', 'forms', 'platform', 'reports', 'sql', 'tools', 'ui'];
+const ownSql = [
     ['platform/quorvane32/core/', 'engines ask their own database for its catalogue, in its own SQL'],
     ['demo/SqliteTarget.cpp', 'loads the embedded database through its C interface'],
     ['demo/ScaleData.cpp', 'loads the embedded database through its C interface'],
 ];
 
-const statementStart = /^\s*(select|insert|update|delete|create|alter|drop|truncate|merge|from|left join|where|and|or|group by|order by|union|values|set)\s/i;
+const statementStart = /^\s*(select|insert|update|delete|create|alter|drop|truncate|merge|from|left join|where|and|or|group by|order by|union|values|set(?!\s+transaction))\s/i;
 const token = /\/\/[^\n]*|\/\*[\s\S]*?\*\/|"(?:[^"\\\n]|\\.)*"|'(?:[^'\\\n]|\\.)*'/g;
 const escapes = { n: '\n', r: '\r', t: '\t', 0: '\0' };
 
@@ -43,17 +43,18 @@ function patternOf(text) {
     return new RegExp(fixed.join('[\\s\\S]*?'));
 }
 
-/** [{ file, text, pattern }] of all rooms. */
+/** [{ file, text, pattern, own }] of all rooms; `own` for an engine's own SQL. */
 function sourceStatements(root) {
     const found = [];
     for (const room of rooms)
         for (const name of fs.readdirSync(path.join(root, room), { recursive: true })) {
             const file = path.posix.join(room, name.split(path.sep).join('/'));
-            if (!/\.(cpp|h)$/.test(file) || withoutConnection.some(([place]) => file.startsWith(place)))
+            if (!/\.(cpp|h)$/.test(file))
                 continue;
+            const own = ownSql.some(([place]) => file.startsWith(place));
             for (const text of textsOf(fs.readFileSync(path.join(root, file), 'utf8')))
                 if (statementStart.test(text))
-                    found.push({ file, text, pattern: patternOf(text) });
+                    found.push({ file, text, pattern: patternOf(text), own });
         }
     return found;
 }

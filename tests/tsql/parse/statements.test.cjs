@@ -11,7 +11,9 @@ const { sourceStatements, textsOf, patternOf } = require('./sources.cjs');
 
 const root = process.env.PROJECT_FOLDER;
 const sent = fs.readFileSync(process.env.STATEMENT_FILE, 'utf8').trim().split('\n').map((line) => JSON.parse(line)[0]);
-const distinct = [...new Set(sent)];
+const inSources = sourceStatements(root);
+const own = new Set(inSources.filter((statement) => statement.own).map(({ text }) => text));
+const distinct = [...new Set(sent)].filter((text) => !own.has(text));
 
 function assertNone(problems) {
     assert.ok(problems.length === 0, problems.join('\n'));
@@ -25,7 +27,7 @@ test('every statement of the program is one statement of Transact-SQL', (t) => {
 });
 
 test('every statement that stands in the sources was sent', (t) => {
-    const templates = sourceStatements(root);
+    const templates = inSources.filter((statement) => !statement.own);
     t.diagnostic(`${templates.length} statements and pieces of statements in the sources`);
     assert.ok(templates.length > 50);
     assertNone(templates.filter(({ pattern }) => !distinct.some((text) => pattern.test(text)))
