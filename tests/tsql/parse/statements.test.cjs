@@ -34,6 +34,14 @@ test('every statement that stands in the sources was sent', (t) => {
         .map(({ file, text }) => `${file}: ${text}`));
 });
 
+test('what is asked of SQL Server alone is Transact-SQL, too', (t) => {
+    const asked = [...own].filter((text) => /\bsys\.|INFORMATION_SCHEMA|SERVERPROPERTY|DB_NAME/.test(text));
+    t.diagnostic(`${asked.length} statements of SQL Server's own catalogue`);
+    assert.ok(asked.length > 0);
+    assertNone(asked.map((text) => [problemOf(text), text]).filter(([problem]) => problem !== null)
+        .map(([problem, text]) => `${problem}: ${text}`));
+});
+
 test('the scripts of the tables are Transact-SQL', () => {
     const folder = path.join(root, 'sql', 'sqlserver');
     const scripts = fs.readdirSync(folder, { recursive: true }).filter((name) => name.endsWith('.sql'));

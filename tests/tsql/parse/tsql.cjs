@@ -61,8 +61,8 @@ function* nodesOf(node) {
         yield* nodesOf(child);
 }
 
-// The server's own functions that the grammar does not name, among those that the program uses.
-const otherBuiltIns = ['isnull'];
+// The server's own functions that the grammar does not name, among those that programs of the house use.
+const otherBuiltIns = ['isnull', 'databasepropertyex', 'db_name', 'schema_id', 'schema_name', 'serverproperty'];
 
 // What the grammar takes and the server does not; each looks at one node of the tree.
 const serverRules = [
