@@ -62,7 +62,7 @@ function* nodesOf(node) {
 }
 
 // The server's own functions that the grammar does not name, among those that programs of the house use.
-const otherBuiltIns = ['isnull', 'databasepropertyex', 'db_name', 'schema_id', 'schema_name', 'serverproperty'];
+const otherBuiltIns = ['isnull', 'databasepropertyex', 'db_id', 'db_name', 'schema_id', 'schema_name', 'serverproperty'];
 
 // What the grammar takes and the server does not; each looks at one node of the tree.
 const serverRules = [
