@@ -158,8 +158,7 @@ TEST_P(ReadTogether, AListThatStaysOpenKeepsItsRowsAndNothingElse) {
     EXPECT_EQ(stored(), u"5"_s) << "its last row ended it";
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ReadTogether, testing::Values(TestEngine::Sqlite, TestEngine::PostgreSql),
-                         engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, ReadTogether, testing::ValuesIn(allEngines), engineName);
 
 TEST(ReadTogetherOnAServer, ALinkThatBreaksInTheMiddleIsToldAndTheNextReadWorks) {
     MessageRecorder recorder;
