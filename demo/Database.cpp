@@ -5,12 +5,11 @@
 #include "demo/RowInserter.h"
 #include "demo/SqliteTarget.h"
 #include "platform/quorvane32/base/RunTimeError.h"
-#include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/core/SqlLexer.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/session/Passwords.h"
 #include "sql/Schema.h"
+#include "sql/TableUpgrade.h"
 #include <QFile>
 
 namespace dalvora::demo {
@@ -89,19 +88,7 @@ void createDemonstrationDatabase(const QString& path) {
 }
 
 void createTables(quorvane::Connection& connection) {
-    const QString driver =
-        quorvane::ConnectString::parse(connection.connectString()).value(QStringLiteral("driver"));
-    const auto engine = dalvora::schemaEngine(driver);
-    if (!engine)
-        throw quorvane::RunTimeError(quorvane::ErrorCannotCreateObject,
-                                     QStringLiteral("No hay tablas para la base de datos '%1'").arg(driver));
-    const QString script = QString::fromUtf8(dalvora::erpTables(*engine) + dalvora::sessionTables(*engine));
-    inTransaction(connection, [&] {
-        for (const QString& statement : quorvane::statementsOf(script))
-            connection.execute(statement);
-    });
-    // What columns are dates is read when a database is opened.
-    connection.open(QString(connection.connectString()));
+    dalvora::bringTablesUpToDate(connection);
 }
 
 void loadDemonstration(quorvane::Connection& connection) {

@@ -16,8 +16,8 @@ void createEmptyDatabase(const QString& path);
 /// that must not be used, so callers create it under another name.
 void createDemonstrationDatabase(const QString& path);
 
-/// Creates all tables in an empty database of any engine, or none of them; error of the engine when one is
-/// there. The connection is open, and is opened anew.
+/// Creates the tables that a database of any engine lacks (see bringTablesUpToDate). The connection is open,
+/// and is opened anew.
 void createTables(quorvane::Connection& connection);
 /// Loads the companies, users and rights of the demonstration into tables that hold none of them, or nothing;
 /// error 2627 when some are there.

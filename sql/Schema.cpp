@@ -54,4 +54,8 @@ QByteArray sessionTables(SchemaEngine engine) {
     return script(engine, "session.sql");
 }
 
+QByteArray layoutUpgrade(SchemaEngine engine, int version) {
+    return script(engine, QByteArray("upgrade-" + QByteArray::number(version) + ".sql").constData());
+}
+
 } // namespace dalvora

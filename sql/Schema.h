@@ -17,4 +17,7 @@ QByteArray erpTables(SchemaEngine engine = SchemaEngine::Sqlite);
 /// The statements that create the session service's tables, with the layout's version in ses_esquema.
 QByteArray sessionTables(SchemaEngine engine = SchemaEngine::Sqlite);
 
+/// The statements that bring a database from the layout before `version` to it.
+QByteArray layoutUpgrade(SchemaEngine engine, int version);
+
 } // namespace dalvora

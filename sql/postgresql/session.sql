@@ -1,10 +1,11 @@
 -- The tables of the ERP's session service: who may sign in, with which rights, and what was done.
 
--- Layout of the database's tables; programs refuse one that they do not know.
+-- Layout of the database's tables; programs refuse one that they do not know. The files upgrade-N.sql bring a
+-- database from layout N-1 to N.
 CREATE TABLE ses_esquema (
     Version integer NOT NULL
 );
-INSERT INTO ses_esquema (Version) VALUES (1);
+INSERT INTO ses_esquema (Version) VALUES (2);
 
 CREATE TABLE ses_empresa (
     Empresa citext NOT NULL,
@@ -41,3 +42,7 @@ CREATE TABLE ses_auditoria (
     Texto text NOT NULL,
     Equipo text NOT NULL DEFAULT ''
 );
+-- The trail is asked for by time, by user and by company.
+CREATE INDEX ses_auditoria_momento ON ses_auditoria (Momento);
+CREATE INDEX ses_auditoria_usuario ON ses_auditoria (Usuario, Momento);
+CREATE INDEX ses_auditoria_empresa ON ses_auditoria (Empresa, Momento);

@@ -36,7 +36,7 @@ const Damage damages[] = {
     {"OfNoBytes", [](const TestCompany& c) { cutTo(c, 0); }, u"3343 - "},
     {"OfAnOlderLayout", [](const TestCompany& c) { c.execute(u"UPDATE ses_esquema SET Version = 0"_s); },
      u"3343 - La base de datos "},
-    {"OfANewerLayout", [](const TestCompany& c) { c.execute(u"UPDATE ses_esquema SET Version = 2"_s); },
+    {"OfANewerLayout", [](const TestCompany& c) { c.execute(u"UPDATE ses_esquema SET Version = 99"_s); },
      u"3343 - La base de datos "},
     {"OfNoLayout", [](const TestCompany& c) { c.execute(u"DELETE FROM ses_esquema"_s); },
      u"3343 - La base de datos "},

@@ -108,10 +108,10 @@ TEST_P(AccountsTest, AnotherLayoutIsToldByNameAndVersion) {
     EXPECT_EQ(
         error.description(),
         QStringLiteral("La base de datos q.db tiene una versión anterior (0); este programa necesita la "
-                       "versión 1. Pida al administrador que la actualice."));
-    folder.execute(QStringLiteral("UPDATE ses_esquema SET Version = 2"));
+                       "versión 2. Pida al administrador que la actualice."));
+    folder.execute(QStringLiteral("UPDATE ses_esquema SET Version = 3"));
     error = errorOf([&] { accounts.checkLayout(QStringLiteral("q.db")); });
-    EXPECT_TRUE(error.description().startsWith(u"La base de datos q.db tiene una versión posterior (2)"));
+    EXPECT_TRUE(error.description().startsWith(u"La base de datos q.db tiene una versión posterior (3)"));
     folder.execute(QStringLiteral("DROP TABLE ses_esquema"));
     error = errorOf([&] { accounts.checkLayout(QStringLiteral("q.db")); });
     EXPECT_TRUE(error.description().startsWith(u"q.db no es una base de datos de Quorvane ERP"));

@@ -84,6 +84,7 @@ TEST_P(AdministrationTest, ListsUsersWithTheirRights) {
     EXPECT_TRUE(users[2].rights.empty());
 }
 
+<<<<<<< HEAD
 TEST_P(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
     AuditTrail trail(connection);
     for (int i = 1; i <= 5; ++i)
@@ -98,4 +99,6 @@ TEST_P(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
 
 INSTANTIATE_TEST_SUITE_P(Engines, AdministrationTest, testing::ValuesIn(allEngines), engineName);
 
+=======
+>>>>>>> 7373af8 (Let the administrator bring tables up to date, lock users, list the audit trail by filters, move a company and check a database)
 } // namespace

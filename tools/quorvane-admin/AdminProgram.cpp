@@ -1,193 +1,143 @@
 #include "tools/quorvane-admin/AdminProgram.h"
 
-#include "demo/Database.h"
 #include "platform/quorvane32/base/RunTimeError.h"
-#include "platform/quorvane32/core/ConnectString.h"
-#include "platform/quorvane32/core/Connection.h"
-#include "platform/quorvane32/core/Session.h"
 #include "platform/quorvane32/session/Accounts.h"
-#include "platform/quorvane32/session/Administration.h"
-#include "platform/quorvane32/session/Profile.h"
-#include <QDateTime>
-#include <QSysInfo>
 #include <QTextStream>
+#include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace quorvane::admin {
 
 namespace {
 
-constexpr int usualAuditEntries = 50;
-
-/// What an order works with.
-struct Desk {
-    Connection& connection;
-    Administration administration;
-    QTextStream& out;
-    std::function<QString()> password;
+/// Options that any command line may have.
+constexpr Option commonOptions[] = {
+    {u"perfil", "CARPETA", "carpeta del perfil quorvane.ini, en lugar de la habitual"},
+    {u"help", "", "esta ayuda"},
+    {u"ayuda", "", "esta ayuda"},
+    {u"version", "", "la versión del programa"},
 };
 
-void listUsers(Desk& desk, const QStringList&) {
-    for (const UserRecord& user : desk.administration.users(QDateTime::currentDateTime())) {
-        QStringList rights;
-        for (const auto& [program, letters] : user.rights)
-            rights.append(program + u' ' + letters);
-        desk.out << user.code.leftJustified(20) << ' ' << user.name.leftJustified(30) << ' '
-                 << (rights.isEmpty() ? QStringLiteral("sin derechos") : rights.join(QStringLiteral(", ")));
-        if (user.lockedUntil.isValid())
-            desk.out << QStringLiteral("  bloqueado hasta ")
-                     << user.lockedUntil.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
-        desk.out << '\n';
-    }
+constexpr const char* exitCodes = "Código de salida: 0 hecho, 1 error, 2 línea de órdenes incorrecta, "
+                                  "3 la revisión encontró algo.\n";
+
+std::vector<std::span<const Order>> allOrders() {
+    return {tableOrders(), userOrders(), auditOrders(), moveOrders(), checkOrders()};
 }
-
-void addUser(Desk& desk, const QStringList& arguments) {
-    desk.administration.addUser(arguments[0], arguments.value(1), desk.password());
-    desk.out << QStringLiteral("Usuario «%1» creado, todavía sin derechos.\n").arg(arguments[0]);
-}
-
-void removeUser(Desk& desk, const QStringList& arguments) {
-    desk.administration.removeUser(arguments[0]);
-    desk.out << QStringLiteral("Usuario «%1» eliminado.\n").arg(arguments[0]);
-}
-
-void setPassword(Desk& desk, const QStringList& arguments) {
-    desk.administration.setPassword(arguments[0], desk.password());
-    desk.out << QStringLiteral("Contraseña de «%1» cambiada.\n").arg(arguments[0]);
-}
-
-void setRights(Desk& desk, const QStringList& arguments) {
-    desk.administration.setRights(arguments[0], arguments[1], arguments[2]);
-    desk.out << QStringLiteral("Derechos de «%1» en %2: %3.\n")
-                    .arg(arguments[0], arguments[1].toUpper(), arguments[2].toUpper());
-}
-
-void unlock(Desk& desk, const QStringList& arguments) {
-    desk.administration.unlock(arguments[0]);
-    desk.out << QStringLiteral("Usuario «%1» desbloqueado.\n").arg(arguments[0]);
-}
-
-void showAudit(Desk& desk, const QStringList& arguments) {
-    int count = usualAuditEntries;
-    if (!arguments.isEmpty()) {
-        bool ok = false;
-        count = arguments[0].toInt(&ok);
-        if (!ok || count < 1)
-            throw RunTimeError(ErrorInvalidCall,
-                               QStringLiteral("«%1» no es una cantidad de entradas").arg(arguments[0]));
-    }
-    for (const AuditEntry& entry : desk.administration.lastAuditEntries(count))
-        desk.out << entry.moment << "  " << entry.user.leftJustified(20) << ' '
-                 << entry.company.leftJustified(6) << entry.program.leftJustified(16)
-                 << QString::number(entry.code).rightJustified(3) << "  " << entry.text << '\n';
-}
-
-void createTables(Desk& desk, const QStringList&) {
-    dalvora::demo::createTables(desk.connection);
-    desk.out << QStringLiteral("Tablas creadas.\n");
-}
-
-void loadDemonstration(Desk& desk, const QStringList&) {
-    dalvora::demo::loadDemonstration(desk.connection);
-    desk.out << QStringLiteral("Empresas de demostración 001 y 002 cargadas, con sus usuarios.\n");
-}
-
-struct Order {
-    const char16_t* name;
-    const char* arguments;
-    const char* meaning;
-    int least;
-    int most;
-    int audit; ///< code of its audit entry, 0 for none
-    void (*perform)(Desk& desk, const QStringList& arguments);
-};
-
-constexpr Order orders[] = {
-    {u"tablas", "", "crea las tablas en una base de datos vacía", 0, 0, 0, createTables},
-    {u"demostracion", "", "carga las empresas de demostración y sus usuarios", 0, 0, 0, loadDemonstration},
-    {u"usuarios", "", "lista los usuarios con sus derechos", 0, 0, 0, listUsers},
-    {u"alta", "USUARIO [NOMBRE]", "crea un usuario; lee su contraseña", 1, 2, AuditCreate, addUser},
-    {u"baja", "USUARIO", "elimina un usuario con sus derechos", 1, 1, AuditDelete, removeUser},
-    {u"clave", "USUARIO", "cambia la contraseña; la lee", 1, 1, AuditChange, setPassword},
-    {u"derechos", "USUARIO PROGRAMA LETRAS", "otorga los derechos RWXD, «-» donde no; ej. VELTRANO RW--", 3,
-     3, AuditChange, setRights},
-    {u"desbloquear", "USUARIO", "termina el bloqueo por contraseñas incorrectas", 1, 1, AuditChange, unlock},
-    {u"auditoria", "[N]", "muestra las últimas N entradas de auditoría (50)", 0, 1, 0, showAudit},
-};
 
 const Order* orderNamed(const QString& name) {
-    for (const Order& order : orders)
-        if (name.compare(QStringView(order.name), Qt::CaseInsensitive) == 0)
-            return &order;
+    for (const std::span<const Order> group : allOrders())
+        for (const Order& order : group)
+            if (name.compare(QStringView(order.name), Qt::CaseInsensitive) == 0)
+                return &order;
     return nullptr;
 }
 
-QString systemUser() {
-    const QString user = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
-    return user.isEmpty() ? QStringLiteral("?") : user;
+QString form(const Order& order) {
+    return (QString::fromUtf16(order.name) + u' ' + QString::fromUtf8(order.arguments)).trimmed();
 }
 
-/// Every change is told to the audit trail, too; never a password.
-void audit(Connection& connection, const Order& order, const QStringList& arguments) {
-    AuditTrail trail(connection);
-    QString text =
-        QStringLiteral("USUARIO:%1:%2").arg(arguments[0], QString::fromUtf16(order.name).toUpper());
-    if (order.perform == setRights)
-        text += u':' + arguments[1].toUpper() + u':' + arguments[2].toUpper();
-    trail.add({QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz")), systemUser(),
-               QString(), QStringLiteral("QUORVANE-ADMIN"), order.audit, text, QSysInfo::machineHostName()});
-    trail.store();
+QString form(const Option& option) {
+    return (u"--"_s + QString::fromUtf16(option.name) + u' ' + QString::fromUtf8(option.value)).trimmed();
+}
+
+void writeEntry(QTextStream& out, const QString& form, const char* meaning) {
+    constexpr int width = 34;
+    out << "  " << form.leftJustified(width) << ' ' << QString::fromUtf8(meaning) << '\n';
+}
+
+/// The options of every order together: what a word means is known before the order is.
+std::vector<Option> knownOptions(const Order* order) {
+    std::vector<Option> known(std::begin(commonOptions), std::end(commonOptions));
+    if (order)
+        known.insert(known.end(), order->options.begin(), order->options.end());
+    return known;
+}
+
+/// The order's name: the first word that is neither an option nor the value of --perfil.
+QString orderWord(const QStringList& arguments) {
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == u"--perfil"_s)
+            ++i;
+        else if (!arguments[i].startsWith(u"--"_s))
+            return arguments[i];
+    }
+    return {};
 }
 
 } // namespace
 
-int AdminProgram::run(QStringList arguments) {
-    QString folder = Profile::defaultFolder();
-    if (arguments.value(0) == QLatin1String("--perfil")) {
-        if (arguments.size() < 2)
-            return usage(QStringLiteral("falta la carpeta de --perfil"));
-        folder = arguments[1];
-        arguments.remove(0, 2);
+int AdminProgram::run(const QStringList& arguments) {
+    const QString name = orderWord(arguments);
+    const Order* order = orderNamed(name);
+    QString mistake;
+    CommandLine line = parseCommandLine(arguments, knownOptions(order), mistake);
+    const bool asksForHelp = name.compare(u"ayuda"_s, Qt::CaseInsensitive) == 0;
+    if (line.has(u"help"_s) || line.has(u"ayuda"_s) || asksForHelp)
+        return help(asksForHelp ? line.words.value(1) : name);
+    if (!mistake.isEmpty() && (order || name.isEmpty()))
+        return usage(mistake);
+    if (line.has(u"version"_s)) {
+        m_out << u"quorvane-admin " QUORVANE_VERSION "\n"_s;
+        return ExitSuccess;
     }
-    if (arguments.isEmpty())
-        return usage(QStringLiteral("falta la orden"));
-    const Order* order = orderNamed(arguments[0]);
+    if (name.isEmpty())
+        return usage(u"falta la orden"_s);
     if (!order)
-        return usage(QStringLiteral("orden desconocida «%1»").arg(arguments[0]));
-    if (arguments.size() - 1 < order->least || arguments.size() - 1 > order->most)
-        return usage(QStringLiteral("argumentos de %1: %2")
-                         .arg(QString::fromUtf16(order->name), QLatin1String(order->arguments)));
+        return usage(u"orden desconocida «%1»"_s.arg(name));
+    line.words.removeFirst();
+    if (line.words.size() < order->least || line.words.size() > order->most)
+        return usage(u"la forma de la orden es: "_s + form(*order));
     try {
-        return perform(folder, arguments);
+        return perform(*order, line);
+    } catch (const UsageError& error) {
+        return usage(error.text());
     } catch (const RunTimeError& error) {
-        m_errors << QStringLiteral("Error: ") << error.description()
-                 << QStringLiteral(" (%1)\n").arg(error.number());
+        m_errors << u"Error: "_s << error.description() << u" (%1)\n"_s.arg(error.number());
         return ExitFailure;
     }
 }
 
-int AdminProgram::perform(const QString& folder, const QStringList& order) {
-    const QString connectString = Profile::load(folder).resolvedConnectString(folder);
+int AdminProgram::perform(const Order& order, const CommandLine& line) {
+    const QString folder = line.has(u"perfil"_s) ? line.value(u"perfil"_s) : Profile::defaultFolder();
     Connection connection;
-    connection.open(connectString);
-    const Order& found = *orderNamed(order[0]);
-    if (found.perform != createTables)
-        Accounts(connection)
-            .checkLayout(ConnectString::parse(connectString).value(QStringLiteral("database")));
-    Desk desk{connection, Administration(connection), m_out, m_password};
-    const QStringList arguments = order.mid(1);
-    found.perform(desk, arguments);
-    if (found.audit != 0)
-        audit(connection, found, arguments);
+    Desk desk{connection, folder, Profile::load(folder), m_out, m_errors, m_password};
+    if (order.needs == Needs::Place)
+        makeMissingFile(desk.profile, folder);
+    openForAdministration(connection, desk.profile, folder);
+    if (order.needs == Needs::Tables)
+        Accounts(connection).checkLayout(desk.database());
+    return order.perform(desk, line);
+}
+
+int AdminProgram::help(const QString& orderName) {
+    const Order* wanted = orderNamed(orderName);
+    if (!orderName.isEmpty() && !wanted)
+        return usage(u"orden desconocida «%1»"_s.arg(orderName));
+    if (wanted) {
+        m_out << u"quorvane-admin [--perfil CARPETA] "_s << form(*wanted)
+              << (wanted->options.empty() ? QString() : u" [OPCIONES]"_s) << u"\n  "_s
+              << QString::fromUtf8(wanted->meaning) << '\n';
+        for (const Option& option : wanted->options)
+            writeEntry(m_out, form(option), option.meaning);
+        return ExitSuccess;
+    }
+    m_out << u"Administrador de Quorvane ERP: tablas, empresas, usuarios y auditoría de una base de datos.\n"
+             "Uso: quorvane-admin [--perfil CARPETA] ORDEN\n"_s;
+    for (const std::span<const Order> group : allOrders())
+        for (const Order& order : group)
+            writeEntry(m_out, form(order), order.meaning);
+    writeEntry(m_out, u"ayuda [ORDEN]"_s, "esta ayuda, o la de una orden con sus opciones");
+    m_out << u"Opciones:\n"_s;
+    for (const Option& option : commonOptions)
+        writeEntry(m_out, form(option), option.meaning);
+    m_out << QString::fromUtf8(exitCodes);
     return ExitSuccess;
 }
 
 int AdminProgram::usage(const QString& why) {
-    m_errors << QStringLiteral("Error: ") << why
-             << QStringLiteral("\nUso: quorvane-admin [--perfil CARPETA] ORDEN\n");
-    for (const Order& order : orders)
-        m_errors << "  "
-                 << (QString::fromUtf16(order.name) + u' ' + QLatin1String(order.arguments)).leftJustified(36)
-                 << QString::fromUtf8(order.meaning) << '\n';
+    m_errors << u"Error: "_s << why << u". Vea «quorvane-admin ayuda».\n"_s;
     return ExitUsage;
 }
 

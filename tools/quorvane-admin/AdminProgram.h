@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/quorvane-admin/Order.h"
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -8,9 +9,9 @@ class QTextStream;
 
 namespace quorvane::admin {
 
-enum ExitCode : int { ExitSuccess = 0, ExitFailure = 1, ExitUsage = 2 };
-
-/// The session's administrator: reads its command line, does one thing, tells it in Spanish.
+/// The ERP's administrator: reads its command line, does one thing, tells it in Spanish. What it can do
+/// stands in the tables of orders, a file for each group; this class finds the order and tells what went
+/// wrong.
 class AdminProgram {
 public:
     /// `password` supplies a new password when an order needs one.
@@ -18,10 +19,11 @@ public:
         : m_out(out), m_errors(errors), m_password(std::move(password)) {}
 
     /// Runs the order in `arguments` (without the program's name) and returns the exit code.
-    int run(QStringList arguments);
+    int run(const QStringList& arguments);
 
 private:
-    int perform(const QString& folder, const QStringList& order);
+    int perform(const Order& order, const CommandLine& line);
+    int help(const QString& orderName);
     int usage(const QString& why);
 
     QTextStream& m_out;

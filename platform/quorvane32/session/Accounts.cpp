@@ -10,9 +10,6 @@ namespace quorvane {
 
 namespace {
 
-/// The layout that this program knows: the number in ses_esquema.
-constexpr qint64 layoutVersion = 1;
-
 const RegionalSettings plain{};
 
 qint64 number(const Value& value) {
@@ -31,18 +28,17 @@ QString lockedUntil(const QString& user, const QDateTime& end) {
 }
 
 [[noreturn]] void raiseLayout(const QString& text, const QString& database, qint64 version) {
-    throw RunTimeError(ErrorDatabaseFormat,
-                       text.arg(database, QString::number(version), QString::number(layoutVersion)));
+    throw RunTimeError(ErrorDatabaseFormat, text.arg(database, QString::number(version),
+                                                     QString::number(Accounts::layoutVersion)));
 }
 
 } // namespace
 
-void Accounts::checkLayout(const QString& databaseName) {
-    qint64 version = 0;
+qint64 Accounts::layout(const QString& databaseName) {
     try {
         const Recordset layout =
             m_connection.openRecordset(QStringLiteral("SELECT Version FROM ses_esquema"));
-        version = layout.eof() ? 0 : number(layout.value(0));
+        return layout.eof() ? 0 : number(layout.value(0));
     } catch (const RunTimeError& error) {
         if (error.number() == ErrorDatabaseFormat || error.number() == ErrorConnectionLost)
             throw;
@@ -50,7 +46,11 @@ void Accounts::checkLayout(const QString& databaseName) {
                            QStringLiteral("%1 no es una base de datos de Quorvane ERP [%2]")
                                .arg(databaseName, error.description()));
     }
-    if (version < layoutVersion)
+}
+
+void Accounts::checkLayout(const QString& databaseName) {
+    const qint64 version = layout(databaseName);
+    if (version < oldestLayout)
         raiseLayout(
             QStringLiteral("La base de datos %1 tiene una versión anterior (%2); este programa necesita la "
                            "versión %3. Pida al administrador que la actualice."),
@@ -79,6 +79,12 @@ std::optional<QString> Accounts::userCode(const QString& user) {
     return row.eof() ? std::nullopt : std::optional(row.value(0).toText(plain));
 }
 
+bool Accounts::isLockedForGood(const QString& user) {
+    const Recordset row = m_connection.openRecordset(
+        QStringLiteral("SELECT BloqueadoHasta FROM ses_usuario WHERE Usuario = ") + sqlText(user));
+    return !row.eof() && number(row.value(0)) >= lockedForGood;
+}
+
 QString Accounts::refusal(const QString& user, const QString& password, const QDateTime& now) {
     QString hash;
     qint64 lockEnd = 0;
@@ -95,6 +101,8 @@ QString Accounts::refusal(const QString& user, const QString& password, const QD
             lockEnd = number(row.value(2));
         }
     }
+    if (known && lockEnd >= lockedForGood)
+        return QStringLiteral("El usuario «%1» está bloqueado por el administrador.").arg(user);
     const QDateTime unstored = m_unstoredLocks.value(foldText(user));
     const QDateTime end = std::max(QDateTime::fromSecsSinceEpoch(lockEnd), unstored);
     if (known && end > now)
@@ -110,9 +118,10 @@ QString Accounts::refusal(const QString& user, const QString& password, const QD
 
 void Accounts::forgetFailures(const QString& user) {
     try {
-        m_connection.execute(
-            QStringLiteral("UPDATE ses_usuario SET Fallidos = 0, BloqueadoHasta = 0 WHERE Usuario = ") +
-            sqlText(user));
+        m_connection.execute(QStringLiteral("UPDATE ses_usuario SET Fallidos = 0, BloqueadoHasta = 0 WHERE "
+                                            "BloqueadoHasta < %1 AND Usuario = ")
+                                 .arg(lockedForGood) +
+                             sqlText(user));
     } catch (const RunTimeError&) {
         return; // the count stays and the next success forgets it; nobody is kept out for it
     }
@@ -126,9 +135,10 @@ bool Accounts::noteFailure(const QString& user, const QDateTime& now) {
         const qint64 locked = m_connection.execute(
             QStringLiteral(
                 "UPDATE ses_usuario SET Fallidos = 0, BloqueadoHasta = %1 WHERE Fallidos >= %2 AND "
-                "Usuario = ")
+                "BloqueadoHasta < %3 AND Usuario = ")
                 .arg(now.addSecs(lockSeconds).toSecsSinceEpoch())
-                .arg(mostFailures) +
+                .arg(mostFailures)
+                .arg(lockedForGood) +
             sqlText(user));
         return locked > 0;
     } catch (const RunTimeError&) {
@@ -148,8 +158,8 @@ bool Accounts::noteUnstoredFailure(const QString& user, const QDateTime& now) {
 std::optional<QString> Accounts::rights(const QString& user, const QString& program) {
     const Recordset row = m_connection.openRecordset(
         QStringLiteral("SELECT d.Derechos FROM ses_derecho d, ses_usuario u WHERE u.Usuario = %1 AND "
-                       "d.Usuario = u.Usuario AND d.Programa = %2")
-            .arg(sqlText(user), sqlText(program)));
+                       "d.Usuario = u.Usuario AND d.Programa = %2 AND u.BloqueadoHasta < %3")
+            .arg(sqlText(user), sqlText(program), QString::number(lockedForGood)));
     if (row.eof())
         return std::nullopt;
     return row.value(0).toText(plain).leftJustified(4, u'-', true);

@@ -21,16 +21,27 @@ public:
 
     static constexpr int mostFailures = 3;
     static constexpr int lockSeconds = 300;
+    /// The lock's end of a user whom an administrator has locked: the last second of the year 9999. An older
+    /// program takes it for a long lock and keeps the user out as well.
+    static constexpr qint64 lockedForGood = 253402300799;
+    /// The layout that this program makes, and the oldest that it works with: the number in ses_esquema.
+    static constexpr qint64 layoutVersion = 2;
+    static constexpr qint64 oldestLayout = 1;
 
-    /// Error 3343 when the database is of another layout than this program's, or of none.
+    /// The layout of the database's tables. Error 3343 when it is no database of the ERP.
+    qint64 layout(const QString& databaseName);
+    /// Error 3343 when this program does not work with the database's layout, or it has none.
     void checkLayout(const QString& databaseName);
     /// The companies with these codes, in their order; codes that the database does not know are left out.
     std::vector<Company> companies(const QStringList& codes);
     /// The user's code as it is stored; nothing for an unknown one.
     std::optional<QString> userCode(const QString& user);
+    /// True when an administrator has locked the user.
+    bool isLockedForGood(const QString& user);
     /// Why the user may not sign in with this password, in Spanish; "" when he may.
     QString refusal(const QString& user, const QString& password, const QDateTime& now);
-    /// The four letters of a user's rights in a program; nothing when none were ever given.
+    /// The four letters of a user's rights in a program; nothing when none were ever given, or an
+    /// administrator has locked the user.
     std::optional<QString> rights(const QString& user, const QString& program);
 
 private:

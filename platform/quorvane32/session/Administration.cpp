@@ -2,9 +2,9 @@
 
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
+#include "platform/quorvane32/session/Accounts.h"
 #include "platform/quorvane32/session/Passwords.h"
 #include "platform/quorvane32/session/SessionSql.h"
-#include <algorithm>
 
 namespace quorvane {
 
@@ -69,9 +69,13 @@ std::vector<UserRecord> Administration::users(const QDateTime& now) {
     for (; !rows.eof(); rows.moveNext()) {
         if (users.empty() || users.back().code != text(rows, u"Usuario")) {
             const auto lock = static_cast<qint64>(rows.value(u"BloqueadoHasta").toNumber(plain));
+            const bool forGood = lock >= Accounts::lockedForGood;
             const QDateTime end = QDateTime::fromSecsSinceEpoch(lock);
-            users.push_back(
-                {text(rows, u"Usuario"), text(rows, u"Nombre"), end > now ? end : QDateTime(), {}});
+            users.push_back({text(rows, u"Usuario"),
+                             text(rows, u"Nombre"),
+                             !forGood && end > now ? end : QDateTime(),
+                             forGood,
+                             {}});
         }
         if (!text(rows, u"Programa").isEmpty())
             users.back().rights.emplace_back(text(rows, u"Programa"), text(rows, u"Derechos"));
@@ -96,9 +100,19 @@ void Administration::removeUser(const QString& code) {
     transaction.commit();
 }
 
+void Administration::requireUser(const QString& code) {
+    const Recordset user = m_connection.openRecordset(
+        QStringLiteral("SELECT Usuario FROM ses_usuario WHERE Usuario = ") + sqlText(code));
+    if (user.eof())
+        raiseUnknown(code);
+}
+
 void Administration::setPassword(const QString& code, const QString& password) {
     const QString hash = hashPassword(checkedPassword(password));
-    update(code, QStringLiteral("Fallidos = 0, BloqueadoHasta = 0, Clave = ") + sqlText(hash));
+    update(code, QStringLiteral("Fallidos = 0, BloqueadoHasta = CASE WHEN BloqueadoHasta < %1 THEN 0 ELSE "
+                                "BloqueadoHasta END, Clave = ")
+                         .arg(Accounts::lockedForGood) +
+                     sqlText(hash));
 }
 
 void Administration::setRights(const QString& code, const QString& program, const QString& letters) {
@@ -107,12 +121,7 @@ void Administration::setRights(const QString& code, const QString& program, cons
         refuse(QStringLiteral("Debe indicar el programa"));
     Transaction transaction(m_connection);
     const QString key = sqlText(program.trimmed().toUpper());
-    {
-        const Recordset user = m_connection.openRecordset(
-            QStringLiteral("SELECT Usuario FROM ses_usuario WHERE Usuario = ") + sqlText(code));
-        if (user.eof())
-            raiseUnknown(code);
-    }
+    requireUser(code);
     if (m_connection.execute(QStringLiteral("UPDATE ses_derecho SET Derechos = ") + sqlText(rights) +
                              QStringLiteral(" WHERE Usuario = ") + sqlText(code) +
                              QStringLiteral(" AND Programa = ") + key) == 0)
@@ -120,6 +129,10 @@ void Administration::setRights(const QString& code, const QString& program, cons
             QStringLiteral("INSERT INTO ses_derecho (Usuario, Programa, Derechos) VALUES (") + sqlText(code) +
             u',' + key + u',' + sqlText(rights) + u')');
     transaction.commit();
+}
+
+void Administration::lock(const QString& code) {
+    update(code, QStringLiteral("BloqueadoHasta = %1").arg(Accounts::lockedForGood));
 }
 
 void Administration::unlock(const QString& code) {
@@ -132,19 +145,20 @@ void Administration::update(const QString& code, const QString& assignments) {
         raiseUnknown(code);
 }
 
-std::vector<AuditEntry> Administration::lastAuditEntries(int count) {
-    std::vector<AuditEntry> entries;
+std::vector<Company> Administration::companies() {
+    std::vector<Company> companies;
     Recordset rows = m_connection.openRecordset(
-        QStringLiteral(
-            "SELECT TOP %1 Momento, Usuario, Empresa, Programa, Codigo, Texto, Equipo FROM ses_auditoria "
-            "ORDER BY Id DESC")
-            .arg(count));
+        QStringLiteral("SELECT Empresa, Nombre FROM ses_empresa ORDER BY Empresa"));
     for (; !rows.eof(); rows.moveNext())
-        entries.push_back({text(rows, u"Momento"), text(rows, u"Usuario"), text(rows, u"Empresa"),
-                           text(rows, u"Programa"), static_cast<int>(rows.value(u"Codigo").toNumber(plain)),
-                           text(rows, u"Texto"), text(rows, u"Equipo")});
-    std::reverse(entries.begin(), entries.end());
-    return entries;
+        companies.push_back({text(rows, u"Empresa"), text(rows, u"Nombre")});
+    return companies;
+}
+
+void Administration::addCompany(const QString& code, const QString& name) {
+    if (code.trimmed().isEmpty() || name.trimmed().isEmpty())
+        refuse(QStringLiteral("Debe indicar el código y el nombre de la empresa"));
+    m_connection.execute(QStringLiteral("INSERT INTO ses_empresa (Empresa, Nombre) VALUES (") +
+                         sqlText(code.trimmed()) + u',' + sqlText(name.trimmed()) + u')');
 }
 
 } // namespace quorvane

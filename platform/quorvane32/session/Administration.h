@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/quorvane32/session/AuditTrail.h"
+#include "platform/quorvane32/session/LoginPrompt.h"
 #include <QDateTime>
 #include <QString>
 #include <utility>
@@ -13,13 +13,15 @@ class Connection;
 struct UserRecord {
     QString code;
     QString name;
-    QDateTime lockedUntil; ///< invalid when not locked
+    QDateTime lockedUntil; ///< after wrong passwords; invalid when not locked so
+    bool locked = false;   ///< by an administrator, until unlock()
     /// Program and letters, by program.
     std::vector<std::pair<QString, QString>> rights;
 };
 
-/// Keeps the session's users. Every operation is one transaction. Errors: 5 for a value that is not allowed,
-/// 3265 for an unknown user, 2627 for a new user who is there already, the database's own.
+/// Keeps the session's users and companies. Every operation is one transaction. Errors: 5 for a value that is
+/// not allowed, 3265 for an unknown user, 2627 for a new user or company that is there already, the
+/// database's own.
 class Administration {
 public:
     explicit Administration(Connection& connection) : m_connection(connection) {}
@@ -30,13 +32,20 @@ public:
     void addUser(const QString& code, const QString& name, const QString& password);
     /// Takes the rights away as well.
     void removeUser(const QString& code);
-    /// Forgets failed attempts and lock, too.
+    /// Error 3265 for an unknown user, so that it is told before a password is asked for.
+    void requireUser(const QString& code);
+    /// Forgets failed attempts and their lock, too; an administrator's lock stays.
     void setPassword(const QString& code, const QString& password);
     /// `letters` are four: R, W, X, D in this order, in any case, each or "-".
     void setRights(const QString& code, const QString& program, const QString& letters);
+    /// Keeps the user out until unlock(); who is signed in loses all rights within a second.
+    void lock(const QString& code);
+    /// Ends either kind of lock.
     void unlock(const QString& code);
-    /// The last entries of the audit trail, oldest first.
-    std::vector<AuditEntry> lastAuditEntries(int count);
+
+    std::vector<Company> companies();
+    /// Makes a company known that has its rows in the ERP's tables, or will have them.
+    void addCompany(const QString& code, const QString& name);
 
 private:
     void update(const QString& code, const QString& assignments);

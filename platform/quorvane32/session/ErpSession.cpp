@@ -107,6 +107,8 @@ void ErpSession::signInAutomatically(const QString& company) {
     if (!user)
         refuse(QStringLiteral("El usuario «%1» del perfil %2 no existe.")
                    .arg(m_profile.user, Profile::fileName(m_folder)));
+    if (m_accounts.isLockedForGood(*user))
+        refuse(QStringLiteral("El usuario «%1» está bloqueado por el administrador.").arg(*user));
     if (!m_accounts.rights(*user, m_program))
         refuse(noAccess(*user, m_program));
     m_company = *found;
