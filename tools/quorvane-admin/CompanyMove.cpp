@@ -170,8 +170,9 @@ MovedTable CompanyMove::move(const Rows& rows) {
     Batch batch{rows, u"INSERT INTO %1 (%2) VALUES "_s.arg(rows.table, names.join(u',')), {}, {}, 0};
     for (; !row.eof(); row.moveNext()) {
         QString words;
-        for (const int column : key)
-            words += (words.isEmpty() ? u""_s : u", "_s) + names[column] + u' ' + readable(row.value(column));
+        for (std::size_t i = 0; i < key.size(); ++i)
+            words += (i == 0 ? u""_s : u", "_s) + rows.key[static_cast<qsizetype>(i)] + u' ' +
+                     readable(row.value(key[i]));
         QString values;
         for (int i = 0; i < names.size(); ++i) {
             const Value value = row.value(i);

@@ -44,13 +44,14 @@ bool atTerminal() {
     return isatty(STDIN_FILENO) != 0;
 }
 
-/// The terminal shows no letters as long as it lives.
+/// The terminal shows no letters as long as it lives and hands over every key, also the one that would end
+/// the program and leave the terminal so.
 class HiddenEntry {
 public:
     HiddenEntry() {
         tcgetattr(STDIN_FILENO, &m_before);
         termios hidden = m_before;
-        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
     }
     ~HiddenEntry() { tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before); }
@@ -63,18 +64,48 @@ private:
 
 #endif
 
-QString readLine() {
-    std::string line;
-    if (!std::getline(std::cin, line))
-        throw RunTimeError(ErrorInvalidCall, QStringLiteral("No se recibió ninguna contraseña"));
+QString textOf(std::string line) {
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
     return QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
 }
 
+QString readLine() {
+    std::string line;
+    if (!std::getline(std::cin, line))
+        throw RunTimeError(ErrorInvalidCall, QStringLiteral("No se recibió ninguna contraseña"));
+    return textOf(std::move(line));
+}
+
+/// The last letter, which may be several bytes.
+void removeLetter(std::string& line) {
+    constexpr int continuationMask = 0xC0;
+    constexpr int continuation = 0x80;
+    while (line.size() > 1 && (line.back() & continuationMask) == continuation)
+        line.pop_back();
+    if (!line.empty())
+        line.pop_back();
+}
+
+QString readKeys() {
+    constexpr int interrupt = 3;
+    constexpr int backspace = 8;
+    constexpr int deleted = 127;
+    std::string line;
+    for (int key = std::cin.get(); key != '\n' && key != '\r'; key = std::cin.get()) {
+        if (key == interrupt || key == std::char_traits<char>::eof())
+            throw RunTimeError(ErrorDialogCancelled, QStringLiteral("Cancelado"));
+        if (key == backspace || key == deleted)
+            removeLetter(line);
+        else
+            line += static_cast<char>(key);
+    }
+    return textOf(std::move(line));
+}
+
 QString ask(const char* question) {
     std::cerr << question << std::flush;
-    QString answer = readLine();
+    QString answer = readKeys();
     std::cerr << '\n';
     return answer;
 }
