@@ -38,6 +38,15 @@ constexpr Questions questions[] = {
      "JOIN pg_attribute a ON a.attrelid = c.oid AND a.attnum = k.number "
      "WHERE pg_table_is_visible(c.oid) AND c.relnamespace NOT IN "
      "('pg_catalog'::regnamespace, 'pg_toast'::regnamespace) ORDER BY i.indexrelid, k.place"},
+    {SchemaEngine::SqlServer,
+     "SELECT TABLE_NAME, COLUMN_NAME, DATA_TYPE FROM INFORMATION_SCHEMA.COLUMNS "
+     "WHERE TABLE_SCHEMA = SCHEMA_NAME() ORDER BY TABLE_NAME, ORDINAL_POSITION",
+     "SELECT t.name, i.name, CASE WHEN i.is_unique = 1 THEN 1 ELSE 0 END, "
+     "CASE WHEN i.is_disabled = 1 THEN 0 ELSE 1 END, c.name FROM sys.indexes i "
+     "JOIN sys.tables t ON t.object_id = i.object_id "
+     "JOIN sys.index_columns k ON k.object_id = i.object_id AND k.index_id = i.index_id "
+     "JOIN sys.columns c ON c.object_id = k.object_id AND c.column_id = k.column_id "
+     "WHERE k.is_included_column = 0 AND t.schema_id = SCHEMA_ID() ORDER BY t.name, i.name, k.key_ordinal"},
 };
 
 const Questions& questionsOf(SchemaEngine engine) {

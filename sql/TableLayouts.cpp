@@ -1,5 +1,6 @@
 #include "sql/TableLayouts.h"
 
+#include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/SqlLexer.h"
@@ -165,9 +166,13 @@ IndexLayout readIndex(const QString& statement) {
 }
 
 SchemaEngine schemaEngineOf(const quorvane::Connection& connection) {
-    const QString driver =
-        quorvane::ConnectString::parse(connection.connectString()).value(u"driver"_s).toLower();
-    return driver == u"sqlite"_s ? SchemaEngine::Sqlite : SchemaEngine::PostgreSql;
+    const QString driver = quorvane::ConnectString::parse(connection.connectString()).value(u"driver"_s);
+    // A server that is reached through its ODBC driver is the same server.
+    const QString server = driver.section(u"odbc-"_s, -1);
+    if (const std::optional<SchemaEngine> engine = schemaEngine(server))
+        return *engine;
+    throw quorvane::RunTimeError(quorvane::ErrorCannotCreateObject,
+                                 u"No hay tablas para la base de datos '%1'"_s.arg(driver));
 }
 
 } // namespace dalvora

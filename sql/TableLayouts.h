@@ -48,7 +48,7 @@ SchemaLayout readLayout(const QByteArray& script);
 /// The index that a statement creates; without a name when it creates none.
 IndexLayout readIndex(const QString& statement);
 
-/// Which engine's scripts fit the database of a connection.
+/// Which engine's scripts fit the database of a connection; error 429 when none do.
 SchemaEngine schemaEngineOf(const quorvane::Connection& connection);
 
 } // namespace dalvora

@@ -84,21 +84,6 @@ TEST_P(AdministrationTest, ListsUsersWithTheirRights) {
     EXPECT_TRUE(users[2].rights.empty());
 }
 
-<<<<<<< HEAD
-TEST_P(AdministrationTest, ShowsTheLastAuditEntriesOldestFirst) {
-    AuditTrail trail(connection);
-    for (int i = 1; i <= 5; ++i)
-        trail.add({QStringLiteral("m"), QStringLiteral("ana"), QStringLiteral("001"), program, i,
-                   QString::number(i), QString()});
-    trail.store();
-    const std::vector<AuditEntry> entries = administration.lastAuditEntries(2);
-    ASSERT_EQ(entries.size(), 2U);
-    EXPECT_EQ(entries[0].text, QStringLiteral("4"));
-    EXPECT_EQ(entries[1].code, 5);
-}
-
 INSTANTIATE_TEST_SUITE_P(Engines, AdministrationTest, testing::ValuesIn(allEngines), engineName);
 
-=======
->>>>>>> 7373af8 (Let the administrator bring tables up to date, lock users, list the audit trail by filters, move a company and check a database)
 } // namespace

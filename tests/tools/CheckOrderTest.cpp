@@ -65,7 +65,7 @@ TEST_P(CheckOrder, ATypeOfAnotherKindAndAMissingKeyAreNamed) {
     desk.execute(
         u"CREATE TABLE ListaPrecio (Empresa varchar(10), LisPrecio integer, Descripcion varchar(50), "
         "FechaInicio varchar(10), FechaFinal date)"_s);
-    const bool caseless = GetParam() == TestEngine::PostgreSql;
+    const bool caseless = GetParam() != TestEngine::Sqlite;
     const QString text = caseless ? u"citext"_s : u"text"_s;
     EXPECT_EQ(desk.run(u"revisar"_s), ExitFindings);
     EXPECT_TRUE(desk.out.contains(u"Tabla ListaPrecio: la columna LisPrecio es integer y no "_s + text))

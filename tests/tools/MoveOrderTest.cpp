@@ -208,12 +208,11 @@ INSTANTIATE_TEST_SUITE_P(Engines, MoveOrder,
                          testing::Values(Pair{TestEngine::Sqlite, TestEngine::PostgreSql},
                                          Pair{TestEngine::PostgreSql, TestEngine::Sqlite},
                                          Pair{TestEngine::Sqlite, TestEngine::Sqlite},
-                                         Pair{TestEngine::PostgreSql, TestEngine::PostgreSql}),
+                                         Pair{TestEngine::PostgreSql, TestEngine::PostgreSql},
+                                         Pair{TestEngine::Sqlite, TestEngine::OdbcPostgreSql}),
                          [](const testing::TestParamInfo<Pair>& engines) {
-                             const auto name = [](TestEngine engine) {
-                                 return std::string(engine == TestEngine::Sqlite ? "Sqlite" : "PostgreSql");
-                             };
-                             return name(engines.param.first) + "To" + name(engines.param.second);
+                             return dalvora::test::engineName({engines.param.first, 0}) + "To" +
+                                    dalvora::test::engineName({engines.param.second, 0});
                          });
 
 } // namespace

@@ -14,6 +14,7 @@
 #include "tests/support/MessageRecorder.h"
 #include "tests/tsql/StatementRecorder.h"
 #include "tools/quorvane-admin/AdminProgram.h"
+#include "tools/quorvane-admin/HealthCheck.h"
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -36,10 +37,18 @@ public:
     QString refusal;
 };
 
+class NoRows final : public quorvane::Cursor {
+public:
+    bool next() override { return false; }
+    int columnCount() const override { return 0; }
+    QString columnName(int) const override { return {}; }
+    quorvane::Value value(int) override { return {}; }
+};
+
 /// Takes every command and has no rows.
 class AcceptingEngine final : public quorvane::Engine {
 public:
-    std::unique_ptr<quorvane::Cursor> select(const QString&) override { return nullptr; }
+    std::unique_ptr<quorvane::Cursor> select(const QString&) override { return std::make_unique<NoRows>(); }
     qint64 execute(const QString&) override { return 0; }
     void begin() override {}
     void commit() override {}
@@ -223,15 +232,34 @@ TEST_F(ProgramStatements, OfSigningIn) {
 
 TEST_F(ProgramStatements, OfTheAdministrator) {
     using quorvane::admin::ExitSuccess;
-    for (const QStringList& order : {QStringList{u"alta"_s, u"d'arc"_s, u"Jeanne d'Arc"_s},
-                                     {u"clave"_s, u"d'arc"_s},
-                                     {u"derechos"_s, u"d'arc"_s, u"VELTRANO"_s, u"RW--"_s},
-                                     {u"derechos"_s, u"d'arc"_s, u"VELTRANO"_s, u"R---"_s},
-                                     {u"desbloquear"_s, u"d'arc"_s},
-                                     {u"usuarios"_s},
-                                     {u"auditoria"_s, u"3"_s},
-                                     {u"baja"_s, u"d'arc"_s}})
+    for (const QStringList& order :
+         {QStringList{u"alta"_s, u"d'arc"_s, u"Jeanne d'Arc"_s},
+          {u"clave"_s, u"d'arc"_s},
+          {u"derechos"_s, u"d'arc"_s, u"VELTRANO"_s, u"RW--"_s},
+          {u"derechos"_s, u"d'arc"_s, u"VELTRANO"_s, u"R---"_s},
+          {u"bloquear"_s, u"d'arc"_s},
+          {u"desbloquear"_s, u"d'arc"_s},
+          {u"usuarios"_s},
+          {u"auditoria"_s, u"3"_s},
+          {u"auditoria"_s, u"--csv"_s, u"--usuario"_s, u"d'arc"_s, u"--empresa"_s, u"001"_s, u"--programa"_s,
+           u"VELTRANO"_s, u"--desde"_s, u"1/1/2026"_s, u"--hasta"_s, u"31/12/2026"_s},
+          {u"empresas"_s},
+          {u"empresa"_s, u"003"_s, u"O'Higgins"_s},
+          {u"baja"_s, u"d'arc"_s}})
         EXPECT_EQ(administer(order), ExitSuccess) << order.join(u' ').toStdString() << told.toStdString();
+}
+
+TEST_F(ProgramStatements, OfMovingACompanyAndCheckingItsRows) {
+    const QTemporaryDir other;
+    demo::createEmptyDatabase(other.filePath(u"quorvane.db"_s));
+    ASSERT_TRUE(QFile::copy(home.filePath(u"quorvane.ini"_s), other.filePath(u"quorvane.ini"_s)));
+    const QStringList move{u"trasladar"_s, u"002"_s,        u"--a"_s,
+                           other.path(),   u"--usuarios"_s, u"--auditoria"_s};
+    EXPECT_EQ(administer(move), quorvane::admin::ExitSuccess) << told.toStdString();
+    const quorvane::Profile profile = quorvane::Profile::load(home.path());
+    quorvane::admin::HealthCheck check{*context.Connection, profile, home.path(), {}};
+    checkData(check);
+    checkProfile(check);
 }
 
 TEST_F(ProgramStatements, OfCreatingTheTablesOfSqlServer) {

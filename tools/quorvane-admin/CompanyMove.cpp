@@ -12,7 +12,7 @@ namespace quorvane::admin {
 
 namespace {
 
-constexpr std::size_t mostRowsAtOnce = 100;
+constexpr qsizetype mostRowsAtOnce = 100;
 constexpr qint64 progressStep = 50000;
 
 const QString auditColumns = u"Momento, Usuario, Empresa, Programa, Codigo, Texto, Equipo"_s;
@@ -42,6 +42,13 @@ struct CompanyMove::Rows {
     QString select(const QString& where) const {
         return u"SELECT %1 FROM %2 WHERE %3"_s.arg(columns, table, where);
     }
+    /// Which row it is, for messages.
+    QString keyOf(const Recordset& row) const {
+        QString words;
+        for (const QString& column : key)
+            words += (words.isEmpty() ? u""_s : u", "_s) + column + u' ' + readable(row.value(column));
+        return words;
+    }
 };
 
 /// Rows on their way, with the words that tell which they are.
@@ -51,6 +58,13 @@ struct CompanyMove::Batch {
     QStringList values;
     QStringList keys;
     qint64 sent = 0;
+};
+
+/// What was sent of a table.
+struct CompanyMove::Copied {
+    Rows rows;
+    QStringList names; ///< of the columns, in the order in which they were sent
+    RowSum sum;
 };
 
 CompanyMove::CompanyMove(Connection& source, Connection& target, Progress progress)
@@ -71,16 +85,22 @@ MovedCompany CompanyMove::run(const QString& company, Also also) {
     m_target.beginTrans();
     try {
         requireNew(moved.code);
-        beginReading();
+        m_source.beginReading();
+        std::vector<Copied> copied;
         for (const Rows& rows : plan(moved, also))
-            moved.tables.push_back(move(rows));
+            copied.push_back(copy(rows));
+        // A server gives up a state that nobody reads for long.
+        m_source.endReading();
+        for (const Copied& table : copied) {
+            verify(table);
+            moved.tables.push_back({table.rows.table, table.sum});
+        }
         m_target.commitTrans();
     } catch (...) {
         m_target.rollbackTrans();
-        m_source.rollbackTrans();
+        m_source.endReading();
         throw;
     }
-    m_source.rollbackTrans();
     return moved;
 }
 
@@ -98,20 +118,6 @@ void CompanyMove::requireNew(const QString& code) {
                 u"La empresa «%1» ya está en la base de datos de destino (%2 filas en %3): no se "
                 "trasladó nada"_s.arg(code, QString::number(rows), table));
     }
-}
-
-void CompanyMove::beginReading() {
-    try {
-        m_source.beginTrans();
-    } catch (const RunTimeError& error) {
-        // An archive that cannot be written needs no lock.
-        if (error.number() != ErrorPermissionDenied)
-            throw;
-        return;
-    }
-    // The embedded database's transaction keeps writers out; a server gives one state for all tables.
-    if (m_sourceEngine == dalvora::SchemaEngine::PostgreSql)
-        m_source.execute(u"SET TRANSACTION ISOLATION LEVEL REPEATABLE READ"_s);
 }
 
 std::vector<CompanyMove::Rows> CompanyMove::plan(MovedCompany& moved, Also also) {
@@ -158,45 +164,39 @@ CompanyMove::Rows CompanyMove::usersMissingThere(const QString& table, const QSt
     return {table, u"*"_s, condition, condition, {}, {}};
 }
 
-MovedTable CompanyMove::move(const Rows& rows) {
-    MovedTable moved{rows.table, {}};
+CompanyMove::Copied CompanyMove::copy(const Rows& rows) {
     Recordset row = m_source.openRecordset(rows.select(rows.condition) + rows.order);
-    QStringList names;
-    std::vector<int> key;
+    Copied copied{rows, {}, {}};
     for (int i = 0; i < row.fieldCount(); ++i)
-        names.append(row.fieldName(i));
-    for (const QString& column : rows.key)
-        key.push_back(row.ordinal(column));
-    Batch batch{rows, u"INSERT INTO %1 (%2) VALUES "_s.arg(rows.table, names.join(u',')), {}, {}, 0};
+        copied.names.append(row.fieldName(i));
+    Batch batch{rows, u"INSERT INTO %1 (%2) VALUES "_s.arg(rows.table, copied.names.join(u',')), {}, {}, 0};
     for (; !row.eof(); row.moveNext()) {
-        QString words;
-        for (std::size_t i = 0; i < key.size(); ++i)
-            words += (i == 0 ? u""_s : u", "_s) + rows.key[static_cast<qsizetype>(i)] + u' ' +
-                     readable(row.value(key[i]));
-        QString values;
-        for (int i = 0; i < names.size(); ++i) {
-            const Value value = row.value(i);
-            moved.sum.addValue(value);
-            const QString literal = literalOf(value);
-            if (m_targetEngine != dalvora::SchemaEngine::Sqlite && literal.contains(QChar(u'\0')))
-                throw RunTimeError(
-                    ErrorInvalidCall,
-                    u"El servidor no guarda textos con el carácter nulo: tabla %1 (%2), columna "
-                    "%3"_s.arg(rows.table, words, names[i]));
-            values += (i == 0 ? u'(' : u',') + literal;
-        }
-        moved.sum.endRow();
-        batch.values.append(values + u')');
-        batch.keys.append(words);
-        if (batch.values.size() >= static_cast<qsizetype>(mostRowsAtOnce))
+        add(batch, row, copied);
+        if (batch.values.size() >= mostRowsAtOnce)
             send(batch);
-        if (moved.sum.rows() % progressStep == 0)
-            m_progress(rows.table, moved.sum.rows());
+        if (copied.sum.rows() % progressStep == 0)
+            m_progress(rows.table, copied.sum.rows());
     }
     send(batch);
-    if (!(sumThere(rows) == moved.sum))
-        tellDifference(rows);
-    return moved;
+    return copied;
+}
+
+void CompanyMove::add(Batch& batch, const Recordset& row, Copied& copied) {
+    batch.keys.append(batch.rows.keyOf(row));
+    QString values;
+    for (int i = 0; i < copied.names.size(); ++i) {
+        const Value value = row.value(i);
+        copied.sum.addValue(value);
+        const QString literal = literalOf(value);
+        if (m_targetEngine != dalvora::SchemaEngine::Sqlite && literal.contains(QChar(u'\0')))
+            throw RunTimeError(
+                ErrorInvalidCall,
+                u"El servidor no guarda textos con el carácter nulo: tabla %1 "
+                "(%2), columna %3"_s.arg(batch.rows.table, batch.keys.back(), copied.names[i]));
+        values += (i == 0 ? u'(' : u',') + literal;
+    }
+    copied.sum.endRow();
+    batch.values.append(values + u')');
 }
 
 void CompanyMove::send(Batch& batch) {
@@ -230,45 +230,37 @@ void CompanyMove::tellRow(const Batch& batch, const QString& why, int number) {
     throw RunTimeError(number, u"%1: tabla %2, %3. No se trasladó nada"_s.arg(why, batch.rows.table, where));
 }
 
-RowSum CompanyMove::sumThere(const Rows& rows) {
+void CompanyMove::verify(const Copied& copied) {
+    Rows there = copied.rows;
+    there.columns = copied.names.join(u',');
     RowSum sum;
-    // The columns in the source's order, which the target's need not have.
-    const Recordset shape = m_source.openRecordset(rows.select(u"1 = 0"_s));
-    QStringList names;
-    for (int i = 0; i < shape.fieldCount(); ++i)
-        names.append(shape.fieldName(i));
-    Rows there = rows;
-    there.columns = names.join(u',');
-    for (Recordset row = m_target.openRecordset(there.select(rows.conditionThere)); !row.eof();
+    for (Recordset row = m_target.openRecordset(there.select(there.conditionThere)); !row.eof();
          row.moveNext()) {
-        for (int i = 0; i < names.size(); ++i)
+        for (int i = 0; i < copied.names.size(); ++i)
             sum.addValue(row.value(i));
         sum.endRow();
     }
-    return sum;
+    if (!(sum == copied.sum))
+        tellDifference(copied.rows);
 }
 
 /// What arrived is not what was sent: the target's columns hold less, or other rows came in between.
 void CompanyMove::tellDifference(const Rows& rows) {
     for (Recordset row = m_source.openRecordset(rows.select(rows.condition));
          !rows.key.isEmpty() && !row.eof(); row.moveNext()) {
-        QString where;
-        QString words;
-        for (const QString& column : rows.key) {
-            where +=
-                (where.isEmpty() ? u""_s : u" AND "_s) + column + u" = "_s + literalOf(row.value(column));
-            words += (words.isEmpty() ? u""_s : u", "_s) + column + u' ' + readable(row.value(column));
-        }
-        const Recordset there = m_target.openRecordset(rows.select(where));
+        QStringList where;
+        for (const QString& column : rows.key)
+            where.append(column + u" = "_s + literalOf(row.value(column)));
+        const Recordset there = m_target.openRecordset(rows.select(where.join(u" AND "_s)));
         for (int i = 0; i < row.fieldCount(); ++i) {
             const QString column = row.fieldName(i);
             if (there.eof() || !isSame(row.value(i), there.value(column)))
                 throw RunTimeError(
                     ErrorTypeMismatch,
                     u"La base de datos de destino no guarda lo mismo: tabla %1 (%2), columna %3, origen %4, "
-                    "destino %5. No se trasladó nada"_s.arg(rows.table, words, column, readable(row.value(i)),
-                                                            there.eof() ? u"ninguna fila"_s
-                                                                        : readable(there.value(column))));
+                    "destino %5. No se trasladó nada"_s.arg(
+                        rows.table, rows.keyOf(row), column, readable(row.value(i)),
+                        there.eof() ? u"ninguna fila"_s : readable(there.value(column))));
         }
     }
     throw RunTimeError(

@@ -8,7 +8,8 @@
 
 namespace quorvane {
 class Connection;
-}
+class Recordset;
+} // namespace quorvane
 
 namespace quorvane::admin {
 
@@ -26,8 +27,8 @@ struct MovedCompany {
 
 /// Brings the rows of one company from one database to another, whatever the engines: a row is read, sent on
 /// and forgotten, a hundred with one statement. At the target everything is one transaction; it ends only
-/// when every table has been read back and holds the very same rows. The source is only read, and locked for
-/// writing where that can be done, so that no save falls between two tables.
+/// when every table has been read back and holds the very same rows. The source is only read, in one state
+/// where its engine offers that, so that no save falls between two tables.
 class CompanyMove {
 public:
     /// How far it is: rows of a table so far.
@@ -46,15 +47,16 @@ public:
 private:
     struct Rows;
     struct Batch;
+    struct Copied;
 
     void requireNew(const QString& code);
-    void beginReading();
     std::vector<Rows> plan(MovedCompany& moved, Also also);
     Rows usersMissingThere(const QString& table, const QStringList& codes) const;
-    MovedTable move(const Rows& rows);
+    Copied copy(const Rows& rows);
+    void add(Batch& batch, const Recordset& row, Copied& copied);
     void send(Batch& batch);
     [[noreturn]] void tellRow(const Batch& batch, const QString& why, int number);
-    RowSum sumThere(const Rows& rows);
+    void verify(const Copied& copied);
     [[noreturn]] void tellDifference(const Rows& rows);
 
     Connection& m_source;

@@ -68,6 +68,23 @@ void checkPostgres(HealthCheck& check) {
     check.note(u"El lugar en el disco del servidor no se puede consultar desde aquí"_s);
 }
 
+void checkSqlServer(HealthCheck& check) {
+    check.good(u"SQL Server %1, base de datos %2 de %3"_s.arg(
+        check.value(u"SELECT CAST(SERVERPROPERTY('ProductVersion') AS varchar(50)) AS Version"_s),
+        check.value(u"SELECT DB_NAME() AS Nombre"_s),
+        size(check.value(u"SELECT SUM(CAST(size AS bigint)) * 8192 AS Bytes FROM sys.database_files"_s)
+                 .toLongLong())));
+    const QString collation =
+        check.value(u"SELECT CAST(DATABASEPROPERTYEX(DB_NAME(), 'Collation') AS varchar(128)) AS Orden"_s);
+    if (collation.contains(u"_CI_AS"_s))
+        check.good(u"Los textos se comparan sin mayúsculas y con acentos (%1)"_s.arg(collation));
+    else
+        check.note(
+            u"La base de datos compara textos con %1; las columnas deben decir una que termine en _CI_AS"_s
+                .arg(collation));
+    check.note(u"El lugar en el disco del servidor no se puede consultar desde aquí"_s);
+}
+
 } // namespace
 
 std::vector<QStringList> HealthCheck::rows(const QString& sql) const {
@@ -95,6 +112,8 @@ void checkEngine(HealthCheck& check) {
         return checkSqlite(check);
     case dalvora::SchemaEngine::PostgreSql:
         return checkPostgres(check);
+    case dalvora::SchemaEngine::SqlServer:
+        return checkSqlServer(check);
     }
 }
 
