@@ -7,8 +7,9 @@ const path = require('node:path');
 // Rooms with statements, and the files in them whose statements are an engine's own and never reach another one.
 const rooms = ['app', 'common', 'data', 'demo', 'forms', 'platform', 'reports', 'sql', 'tools', 'ui'];
 const ownSql = [
-    ['platform/quorvane32/core/', 'engines ask their own database for its catalogue, in its own SQL'],
+    ['sql/Catalogue.cpp', 'asks each engine for its catalogue, in its own SQL'],
     ['tools/quorvane-admin/EngineChecks.cpp', 'asks each engine about itself, in its own SQL'],
+    ['platform/quorvane32/core/', 'engines ask their own database for its catalogue, in its own SQL'],
     ['demo/SqliteTarget.cpp', 'loads the embedded database through its C interface'],
     ['demo/ScaleData.cpp', 'loads the embedded database through its C interface'],
 ];
