@@ -74,9 +74,11 @@ void OdbcTransport::prepare(QSqlDatabase& database) const {
 void OdbcTransport::opened(const QSqlDatabase& database) const {
     const SQLHANDLE handle = handleOf(database.driver()->handle());
     // For all statements of the link. A driver that does not take it here goes without.
-    if (handle && m_address.statementTimeout > 0)
-        SQLSetConnectAttrW(handle, SQL_ATTR_QUERY_TIMEOUT,
-                           reinterpret_cast<SQLPOINTER>(SQLULEN(m_address.statementTimeout)), 0);
+    if (!handle || m_address.statementTimeout <= 0)
+        return;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): ODBC takes numbers in the place of pointers.
+    const auto seconds = reinterpret_cast<SQLPOINTER>(SQLULEN(m_address.statementTimeout));
+    SQLSetConnectAttrW(handle, SQL_ATTR_QUERY_TIMEOUT, seconds, 0);
 }
 
 qtsql::ValueKind OdbcTransport::kindOf(const QSqlField& field) const {

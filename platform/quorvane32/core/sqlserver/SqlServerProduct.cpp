@@ -76,33 +76,33 @@ constexpr StateMapping states[] = {
 };
 
 struct Refusal {
-    int native;        ///< 0 where only the words tell
-    const char* words; ///< in the server's or the driver manager's own text, English or Spanish
+    int native; ///< 0 where only the words tell
     int number;
+    const char* words; ///< in the server's or the driver manager's own text, English or Spanish
     const char* sentence;
 };
 
-const char* const refusedUser = "El servidor no acepta el usuario o la contraseña del perfil:";
-const char* const expiredPassword = "La contraseña del perfil venció en el servidor:";
-const char* const noDatabase = "El servidor no tiene la base de datos del perfil:";
-const char* const noDriver = "Falta el controlador ODBC que nombra el perfil:";
+constexpr const char* refusedUser = "El servidor no acepta el usuario o la contraseña del perfil:";
+constexpr const char* expiredPassword = "La contraseña del perfil venció en el servidor:";
+constexpr const char* noDatabase = "El servidor no tiene la base de datos del perfil:";
+constexpr const char* noDriver = "Falta el controlador ODBC que nombra el perfil:";
 
 // A driver may keep several errors of a refused sign-in and tell the number of one only. A database that is
 // missing also refuses the user, so it comes first.
 constexpr Refusal refusals[] = {
-    {4060, "cannot open database", ErrorNoSuchDatabase, noDatabase},
-    {4064, "no se puede abrir la base de datos", ErrorNoSuchDatabase, noDatabase},
-    {18487, "password of the account has expired", ErrorLoginFailed, expiredPassword},
-    {18488, "password of the account must be changed", ErrorLoginFailed, expiredPassword},
-    {18470, "account is disabled", ErrorLoginFailed,
+    {4060, ErrorNoSuchDatabase, "cannot open database", noDatabase},
+    {4064, ErrorNoSuchDatabase, "no se puede abrir la base de datos", noDatabase},
+    {18487, ErrorLoginFailed, "password of the account has expired", expiredPassword},
+    {18488, ErrorLoginFailed, "password of the account must be changed", expiredPassword},
+    {18470, ErrorLoginFailed, "account is disabled",
      "El usuario del perfil está deshabilitado en el servidor:"},
-    {18486, "account is currently locked", ErrorLoginFailed,
+    {18486, ErrorLoginFailed, "account is currently locked",
      "El usuario del perfil está bloqueado en el servidor:"},
-    {18452, "untrusted domain", ErrorLoginFailed, refusedUser},
-    {18456, "login failed", ErrorLoginFailed, refusedUser},
-    {18456, "error de inicio de sesión", ErrorLoginFailed, refusedUser},
-    {0, "can't open lib", ErrorCannotCreateObject, noDriver},
-    {0, "data source name not found", ErrorCannotCreateObject, noDriver},
+    {18452, ErrorLoginFailed, "untrusted domain", refusedUser},
+    {18456, ErrorLoginFailed, "login failed", refusedUser},
+    {18456, ErrorLoginFailed, "error de inicio de sesión", refusedUser},
+    {0, ErrorCannotCreateObject, "can't open lib", noDriver},
+    {0, ErrorCannotCreateObject, "data source name not found", noDriver},
 };
 
 QString sessionSettings(int lockTimeout) {
