@@ -55,9 +55,11 @@ QString firstWord(const QString& sql) {
 std::unique_ptr<quorvane::Engine> openEmbedded(const QString& path) {
     quorvane::ConnectString options;
     options.setValue(QStringLiteral("database"), path);
-    options.setValue(QStringLiteral("timeout"), QString::number(lookAtLock));
     options.setValue(QStringLiteral("synchronous"), QStringLiteral("normal"));
-    return quorvane::sqlite::openSqlite(options);
+    auto engine = quorvane::sqlite::openSqlite(options);
+    // From now on locks are waited for here, where the session's time and the client are looked at.
+    engine->execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(lookAtLock));
+    return engine;
 }
 
 } // namespace
@@ -198,6 +200,7 @@ void BatchSession::patiently(Answer& answer, const std::function<void()>& work) 
 
 void BatchSession::select(const QString& sql, bool more, Answer& answer) {
     std::unique_ptr<ResultRows> rows;
+    holdState();
     patiently(answer,
               [&] { rows = std::make_unique<ResultRows>(m_engine->select(toEmbedded(sql, m_settings))); });
     writeColumns(answer.tokens(), rows->columns());
@@ -217,6 +220,20 @@ void BatchSession::select(const QString& sql, bool more, Answer& answer) {
     done(answer, DoneCount | (more ? DoneMore : DoneFinal), count);
 }
 
+void BatchSession::holdState() {
+    if (m_transaction == 0 || !m_settings.snapshot || m_begun || m_holdsState)
+        return;
+    if (!m_settings.allowsSnapshots)
+        throw ServerFault(3952, m_settings.database);
+    m_engine->beginReading();
+    m_holdsState = true;
+}
+
+void BatchSession::releaseState() {
+    if (std::exchange(m_holdsState, false))
+        m_engine->endReading();
+}
+
 void BatchSession::change(const QString& sql, bool more, Answer& answer) {
     static const QStringList counted{QStringLiteral("insert"), QStringLiteral("update"),
                                      QStringLiteral("delete")};
@@ -224,6 +241,7 @@ void BatchSession::change(const QString& sql, bool more, Answer& answer) {
     qint64 rows = 0;
     patiently(answer, [&] {
         if (m_transaction != 0 && !m_begun) {
+            releaseState();
             m_engine->begin();
             m_begun = true;
         }
@@ -244,6 +262,7 @@ void BatchSession::commit(Answer& answer) {
         throw ServerFault(3902, {});
     if (--m_settings.openTransactions > 0)
         return;
+    releaseState();
     if (m_begun)
         m_engine->commit();
     m_begun = false;
@@ -254,6 +273,7 @@ void BatchSession::rollback(Answer& answer) {
     if (m_transaction == 0)
         throw ServerFault(3903, {});
     m_settings.openTransactions = 0;
+    releaseState();
     if (m_begun)
         m_engine->rollback();
     m_begun = false;

@@ -33,6 +33,9 @@ private:
     /// A statement about transactions; false for any other.
     bool runTransactionStatement(const QString& sql, Answer& answer);
     void select(const QString& sql, bool more, Answer& answer);
+    /// Holds the state that a transaction's first query finds, if its isolation is such.
+    void holdState();
+    void releaseState();
     void change(const QString& sql, bool more, Answer& answer);
     void begin(Answer& answer);
     void commit(Answer& answer);
@@ -48,6 +51,7 @@ private:
     std::unique_ptr<quorvane::Engine> m_engine;
     quint64 m_transaction = 0; ///< its number, 0 for none
     quint64 m_transactions = 0;
+    bool m_holdsState = false;
     bool m_begun = false; ///< in the embedded engine, too
     bool m_cutInRows = false;
 };

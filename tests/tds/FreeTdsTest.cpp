@@ -135,6 +135,23 @@ TEST_F(FreeTds, TransactionsHoldWhateverWayTheyAreAskedFor) {
     EXPECT_EQ(client.errorOf(u"COMMIT"_s), 3902);
 }
 
+TEST_F(FreeTds, ASnapshotSeesOneState) {
+    Client other(options());
+    ASSERT_TRUE(other.open());
+    client.run(u"SET TRANSACTION ISOLATION LEVEL SNAPSHOT; BEGIN TRANSACTION"_s);
+    EXPECT_EQ(client.one(u"SELECT count(*) FROM t"_s).toInt(), 0);
+    other.run(u"INSERT INTO t (Codigo) VALUES ('a')"_s);
+    EXPECT_EQ(client.one(u"SELECT count(*) FROM t"_s).toInt(), 0);
+    client.run(u"COMMIT"_s);
+    EXPECT_EQ(client.one(u"SELECT count(*) FROM t"_s).toInt(), 1);
+    server.allowSnapshots(false);
+    Client third(options());
+    ASSERT_TRUE(third.open());
+    EXPECT_EQ(third.one(u"SELECT snapshot_isolation_state FROM sys.databases"_s).toInt(), 0);
+    third.run(u"SET TRANSACTION ISOLATION LEVEL SNAPSHOT; BEGIN TRANSACTION"_s);
+    EXPECT_EQ(third.errorOf(u"SELECT count(*) FROM t"_s), 3952);
+}
+
 TEST_F(FreeTds, ALockIsWaitedForAsLongAsTheSessionSays) {
     Client other(options());
     ASSERT_TRUE(other.open());

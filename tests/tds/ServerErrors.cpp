@@ -41,6 +41,7 @@ constexpr Known knownErrors[] = {
     {2812, 16, 62, "Could not find stored procedure '%1'."},
     {3902, 16, 1, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."},
     {3903, 16, 1, "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."},
+    {3952, 16, 1, "Snapshot isolation transaction failed accessing database '%1'."},
     {3971, 16, 1, "The server failed to resume the transaction. Desc:%1."},
     {ErrorNoSuchDatabase, 11, 1, "Cannot open database \"%1\" requested by the login. The login failed."},
     {ErrorNumberTooLarge, 16, 2, "Arithmetic overflow error converting numeric to data type numeric."},

@@ -17,7 +17,7 @@ const QStringList& acceptedOptions() {
         QStringLiteral("datefirst"),          QStringLiteral("cursor_close_on_commit"),
         QStringLiteral("numeric_roundabort"), QStringLiteral("quoted_identifier"),
         QStringLiteral("rowcount"),           QStringLiteral("textsize"),
-        QStringLiteral("transaction"),        QStringLiteral("deadlock_priority"),
+        QStringLiteral("deadlock_priority"),
     };
     return names;
 }
@@ -44,6 +44,8 @@ void applyOption(const QString& option, const QString& value, SessionSettings& s
         settings.lockTimeout = value.toInt();
     else if (name == u"xact_abort")
         settings.rollsBackOnError = on;
+    else if (name == u"transaction")
+        settings.snapshot = value.compare(u"snapshot", Qt::CaseInsensitive) == 0;
     else if (name == u"nocount")
         settings.counts = !on;
     else if ((name == u"implicit_transactions" && on) ||

@@ -205,6 +205,7 @@ void TdsServer::talk(ClientLink& link) {
     settings.login = login.user;
     settings.database = login.database;
     settings.majorVersion = m_majorVersion;
+    settings.allowsSnapshots = m_allowsSnapshots;
     applyLanguage(login.language, settings);
     BatchSession session(settings, file, m_faults, [this](const QString& statement) {
         const std::lock_guard lock(m_mutex);

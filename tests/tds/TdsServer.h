@@ -35,6 +35,8 @@ public:
     void removeDatabase(const QString& name);
     /// What it tells about its age: 15 unless told otherwise.
     void setMajorVersion(int version) { m_majorVersion = version; }
+    /// Whether its databases allow transactions that see one state.
+    void allowSnapshots(bool allow) { m_allowsSnapshots = allow; }
 
     Faults& faults() { return m_faults; }
     /// Cuts the links of all clients now.
@@ -62,6 +64,7 @@ private:
 
     std::atomic<bool> m_ends = false;
     std::atomic<int> m_majorVersion = 15;
+    std::atomic<bool> m_allowsSnapshots = true;
     int m_listener = -1;
     quint16 m_port = 0;
     Faults m_faults;

@@ -103,7 +103,14 @@ private:
             m_out += variables.value(word);
             return i + 1;
         }
+        if (word == u"sys" && isWord(i + 2, u"databases")) {
+            m_out += QStringLiteral("(SELECT 1 AS database_id, %1 AS name, %2 AS snapshot_isolation_state)")
+                         .arg(quoted(m_settings.database))
+                         .arg(m_settings.allowsSnapshots ? 1 : 0);
+            return i + 3;
+        }
         const QHash<QString, QString> functions{
+            {QStringLiteral("db_id"), QStringLiteral("1")},
             {QStringLiteral("db_name"), quoted(m_settings.database)},
             {QStringLiteral("suser_sname"), quoted(m_settings.login)},
             {QStringLiteral("system_user"), quoted(m_settings.login)},

@@ -11,6 +11,8 @@ struct SessionSettings {
     int lockTimeout = -1; ///< ms; -1 for ever
     bool rollsBackOnError = false;
     bool counts = true;
+    bool allowsSnapshots = true; ///< the database
+    bool snapshot = false;       ///< its transactions see the state that their first query finds
     QString login;
     QString database;
     int majorVersion = 15;
@@ -22,7 +24,7 @@ struct SessionSettings {
 /// - texts pass the code page, unless an N stands before them;
 /// - day/month/year is read in the session's order: under another one than dmy it is another day, or error
 /// 242;
-/// - the server's own values (@@VERSION, SERVERPROPERTY('...'), DB_NAME(), ...) become literals;
+/// - the server's own values (@@VERSION, SERVERPROPERTY('...'), sys.databases, ...) become literals;
 /// - in definitions, COLLATE names the collation of the embedded engine, IDENTITY a number of its own.
 QString toEmbedded(const QString& sql, const SessionSettings& settings);
 
