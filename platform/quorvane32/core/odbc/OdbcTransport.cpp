@@ -1,4 +1,5 @@
 #include "platform/quorvane32/core/odbc/OdbcTransport.h"
+#include "platform/quorvane32/core/odbc/OdbcFieldReader.h"
 #include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -15,10 +16,6 @@
 namespace quorvane::odbc {
 
 namespace {
-
-SQLHANDLE handleOf(const QVariant& handle) {
-    return handle.isValid() ? *static_cast<void* const*>(handle.constData()) : nullptr;
-}
 
 /// All that the driver manager keeps of the last operation on a handle.
 qtsql::ServerFaults diagnose(SQLSMALLINT type, SQLHANDLE handle) {
@@ -104,6 +101,10 @@ qtsql::ValueKind OdbcTransport::kindOf(const QSqlField& field) const {
     default:
         return qtsql::ValueKind::Text;
     }
+}
+
+std::unique_ptr<qtsql::FieldReader> OdbcTransport::reader(std::vector<qtsql::ValueKind> kinds) const {
+    return std::make_unique<OdbcFieldReader>(std::move(kinds));
 }
 
 qtsql::ServerFaults OdbcTransport::faults(const QSqlDatabase& database) const {

@@ -20,6 +20,7 @@ public:
     void prepare(QSqlDatabase& database) const override;
     void opened(const QSqlDatabase& database) const override;
     qtsql::ValueKind kindOf(const QSqlField& field) const override;
+    std::unique_ptr<qtsql::FieldReader> reader(std::vector<qtsql::ValueKind> kinds) const override;
     qtsql::ServerFaults faults(const QSqlDatabase& database) const override;
     qtsql::ServerFaults faults(const QSqlQuery& query) const override;
     QString place() const override { return m_address.place; }

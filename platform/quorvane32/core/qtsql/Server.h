@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/quorvane32/core/qtsql/Dialect.h"
+#include "platform/quorvane32/core/qtsql/FieldReader.h"
 #include "platform/quorvane32/core/qtsql/ServerFault.h"
 #include <QSqlDatabase>
 #include <QSqlField>
@@ -21,8 +22,6 @@ inline constexpr int connectTimeout = 10;
 
 class SqlLink;
 
-enum class ValueKind : quint8 { Text, Exact, Float, Whole, Date, Truth };
-
 /// One of Qt's SQL drivers: how a database is reached through it, and how it tells types and errors. Reads
 /// its address from a connect string when made and keeps it for further links.
 class Transport {
@@ -35,6 +34,10 @@ public:
     /// What only an open database can be told.
     virtual void opened(const QSqlDatabase& /*database*/) const {}
     virtual ValueKind kindOf(const QSqlField& field) const = 0;
+    /// Reads the rows of a result with columns of these kinds.
+    virtual std::unique_ptr<FieldReader> reader(std::vector<ValueKind> kinds) const {
+        return std::make_unique<QtFieldReader>(std::move(kinds));
+    }
     /// Why the last operation failed, never empty.
     virtual ServerFaults faults(const QSqlDatabase& database) const = 0;
     virtual ServerFaults faults(const QSqlQuery& query) const = 0;

@@ -1,55 +1,12 @@
 #include "platform/quorvane32/core/qtsql/SqlCursor.h"
-#include <QDateTime>
-#include <QSqlRecord>
-#include <QVariant>
-#include <limits>
 
 namespace quorvane::qtsql {
 
-namespace {
-
-Value wholeValue(qint64 number) {
-    if (number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max())
-        return static_cast<qint32>(number);
-    return Decimal(number, 0);
-}
-
-Value dateValue(const QVariant& field) {
-    const QDateTime moment = field.toDateTime();
-    const Date day =
-        Date::fromQDate(field.metaType().id() == QMetaType::QDate ? field.toDate() : moment.date());
-    if (field.metaType().id() == QMetaType::QDate || !moment.isValid())
-        return day;
-    // The time counts forward from midnight, also in a day before 30 December 1899.
-    constexpr double millisecondsOfDay = 86400000.0;
-    const double fraction = moment.time().msecsSinceStartOfDay() / millisecondsOfDay;
-    return Date(day.serial() < 0 ? day.serial() - fraction : day.serial() + fraction);
-}
-
-/// An exact number with no more digits than it needs: the server pads a column's values with zeros. One with
-/// more digits than a Decimal holds becomes the nearest that it can.
-Value exactValue(const QString& text) {
-    qsizetype end = text.size();
-    if (text.contains(u'.')) {
-        while (text[end - 1] == u'0')
-            --end;
-        if (text[end - 1] == u'.')
-            --end;
-    }
-    try {
-        return Decimal::fromText(QStringView(text).left(end));
-    } catch (const RunTimeError&) {
-        return Decimal::fromDouble(text.toDouble());
-    }
-}
-
-} // namespace
-
 SqlCursor::SqlCursor(std::shared_ptr<SqlLink> link, QSqlQuery query, std::vector<QString> names)
-    : m_link(std::move(link)), m_query(std::move(query)) {
-    const QSqlRecord record = m_query.record();
-    for (int i = 0; i < record.count(); ++i)
-        m_columns.push_back({names[i], m_link->kindOf(record.field(i))});
+    : m_link(std::move(link))
+    , m_query(std::move(query))
+    , m_names(std::move(names))
+    , m_fields(m_link->reader(m_query)) {
     m_link->setPending(this);
 }
 
@@ -65,6 +22,7 @@ void SqlCursor::end() {
 }
 
 bool SqlCursor::fetch() {
+    m_fields->nextRow();
     try {
         if (m_link->fetch(m_query))
             return true;
@@ -110,33 +68,19 @@ Value SqlCursor::value(int ordinal) {
     return m_rows.empty() ? fetched(ordinal) : m_rows.front()[ordinal];
 }
 
-SqlCursor::Row SqlCursor::fetchedRow() const {
+SqlCursor::Row SqlCursor::fetchedRow() {
     Row row;
-    row.reserve(m_columns.size());
+    row.reserve(m_names.size());
     for (int i = 0; i < columnCount(); ++i)
         row.push_back(fetched(i));
     return row;
 }
 
-Value SqlCursor::fetched(int ordinal) const {
-    const QVariant field = m_query.value(ordinal);
-    if (field.isNull())
-        return Value::Null{};
-    switch (m_columns[ordinal].kind) {
-    case ValueKind::Truth:
-        return field.toBool();
-    case ValueKind::Whole:
-        return wholeValue(field.toLongLong());
-    case ValueKind::Float:
-        return field.toDouble();
-    case ValueKind::Exact:
-        return exactValue(field.toString());
-    case ValueKind::Date:
-        return dateValue(field);
-    case ValueKind::Text:
-        break;
-    }
-    return field.toString();
+Value SqlCursor::fetched(int ordinal) {
+    Value value;
+    if (!m_fields->read(m_query, ordinal, value))
+        m_link->fail(m_query);
+    return value;
 }
 
 } // namespace quorvane::qtsql

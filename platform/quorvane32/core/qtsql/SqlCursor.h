@@ -20,28 +20,25 @@ public:
     SqlCursor& operator=(const SqlCursor&) = delete;
 
     bool next() override;
-    int columnCount() const override { return static_cast<int>(m_columns.size()); }
-    QString columnName(int ordinal) const override { return m_columns[ordinal].name; }
+    int columnCount() const override { return static_cast<int>(m_names.size()); }
+    QString columnName(int ordinal) const override { return m_names[ordinal]; }
     Value value(int ordinal) override;
 
     bool takeIn(qsizetype limit) noexcept override;
 
 private:
-    struct Column {
-        QString name;
-        ValueKind kind = ValueKind::Text;
-    };
     using Row = std::vector<Value>;
 
     /// The next row off the link; false past the last one.
     bool fetch();
     void end();
-    Row fetchedRow() const;
-    Value fetched(int ordinal) const;
+    Row fetchedRow();
+    Value fetched(int ordinal);
 
     std::shared_ptr<SqlLink> m_link;
     QSqlQuery m_query;
-    std::vector<Column> m_columns;
+    std::vector<QString> m_names;
+    std::unique_ptr<FieldReader> m_fields;
     /// The current row and those behind it that had to come in; empty while rows are read off the link.
     std::deque<Row> m_rows;
     bool m_ended = false; ///< nothing is left on the link

@@ -1,6 +1,7 @@
 #include "platform/quorvane32/core/qtsql/SqlLink.h"
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <QSqlError>
+#include <QSqlRecord>
 #include <limits>
 #include <utility>
 
@@ -57,6 +58,15 @@ void SqlLink::close() {
 void SqlLink::clear() {
     if (PendingRows* rows = std::exchange(m_pending, nullptr))
         rows->takeIn(std::numeric_limits<qsizetype>::max());
+}
+
+std::unique_ptr<FieldReader> SqlLink::reader(const QSqlQuery& query) const {
+    const QSqlRecord record = query.record();
+    std::vector<ValueKind> kinds;
+    kinds.reserve(record.count());
+    for (int i = 0; i < record.count(); ++i)
+        kinds.push_back(m_server->transport->kindOf(record.field(i)));
+    return m_server->transport->reader(std::move(kinds));
 }
 
 void SqlLink::fail(const QSqlQuery& query) {

@@ -46,7 +46,10 @@ public:
     bool isOpen() const { return m_database.isOpen(); }
     /// Ends the link; the server undoes what was not committed. Rows on their way are lost.
     void close();
-    ValueKind kindOf(const QSqlField& field) const { return m_server->transport->kindOf(field); }
+    /// Reads the rows of a result of this link.
+    std::unique_ptr<FieldReader> reader(const QSqlQuery& query) const;
+    /// Raises the error of a result of this link.
+    [[noreturn]] void fail(const QSqlQuery& query);
 
     void setPending(PendingRows* rows) { m_pending = rows; }
     bool isPending(const PendingRows* rows) const { return m_pending == rows; }
@@ -58,7 +61,6 @@ public:
 private:
     QSqlDatabase open() const;
     QSqlQuery send(const QString& sql);
-    [[noreturn]] void fail(const QSqlQuery& query);
 
     std::shared_ptr<const Server> m_server;
     QString m_name;
