@@ -13,6 +13,7 @@
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/TestDatabase.h"
+#include "tests/tds/TdsServer.h"
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -130,6 +131,10 @@ protected:
         const QString name = quorvane::ConnectString::parse(script.connectString).value(u"database"_s);
         if (GetParam() == TestEngine::Sqlite) {
             QFile::remove(name);
+            return;
+        }
+        if (GetParam() == TestEngine::TestSqlServer) {
+            TestDatabase::testServer().closeDatabase(name);
             return;
         }
         quorvane::Connection administrator;

@@ -12,11 +12,19 @@ namespace {
 class EngineTest : public testing::TestWithParam<TestEngine> {
 protected:
     void SetUp() override {
-        const bool embedded = GetParam() == TestEngine::Sqlite;
+        struct Types {
+            const char16_t* text;
+            const char16_t* number;
+        };
+        constexpr Types postgres{u"citext", u"double precision"};
+        constexpr Types types[] = {{u"TEXT COLLATE ERP_ES", u"REAL"},
+                                   postgres,
+                                   postgres,
+                                   {u"varchar(50) COLLATE Modern_Spanish_CI_AS", u"float"}};
+        const Types& own = types[static_cast<int>(GetParam())];
         database.run(QStringLiteral("CREATE TABLE t (Codigo %1 PRIMARY KEY, Valor NUMERIC(18,6), "
                                     "Medida %2, Fecha DATE NOT NULL DEFAULT '1900-01-01', Veces INTEGER)")
-                         .arg(embedded ? QStringLiteral("TEXT COLLATE ERP_ES") : QStringLiteral("citext"),
-                              embedded ? QStringLiteral("REAL") : QStringLiteral("double precision")));
+                         .arg(QString::fromUtf16(own.text), QString::fromUtf16(own.number)));
         connection.open(database.connectString(100));
     }
 

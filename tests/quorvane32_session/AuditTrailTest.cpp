@@ -2,6 +2,7 @@
 
 #include "tests/quorvane32_session/SessionSupport.h"
 #include "tests/support/FailEngine.h"
+#include "tests/tds/TdsServer.h"
 
 namespace {
 
@@ -18,6 +19,26 @@ protected:
     /// The entries in their order.
     QStringList stored(const QString& columns = QStringLiteral("Texto")) {
         return folder.rows(QStringLiteral("SELECT %1 FROM ses_auditoria ORDER BY Id").arg(columns));
+    }
+    /// The database refuses entries with the text "dos".
+    void refuseTheSecond() const {
+        if (folder.isFile())
+            folder.execute(
+                QStringLiteral("CREATE TRIGGER stop BEFORE INSERT ON ses_auditoria WHEN NEW.Texto = 'dos' "
+                               "BEGIN SELECT raise(ABORT, 'no'); END"));
+        else if (GetParam() == TestEngine::TestSqlServer) // once, on demand
+            dalvora::test::TestDatabase::testServer().faults().failAt(QStringLiteral("'dos'"),
+                                                                      ErrorForeignKey);
+        else
+            folder.execute(
+                QStringLiteral("ALTER TABLE ses_auditoria ADD CONSTRAINT stop CHECK (Texto <> 'dos')"));
+    }
+    /// It takes them again.
+    void acceptTheSecond() const {
+        if (folder.isFile())
+            folder.execute(QStringLiteral("DROP TRIGGER stop"));
+        else if (GetParam() != TestEngine::TestSqlServer)
+            folder.execute(QStringLiteral("ALTER TABLE ses_auditoria DROP CONSTRAINT stop"));
     }
     SessionFolder folder{GetParam()};
     Connection connection;
@@ -47,16 +68,11 @@ TEST_P(AuditTrailTest, AnEntryThatCannotBeStoredWaitsForTheNextOne) {
 }
 
 TEST_P(AuditTrailTest, ABatchThatFailsHalfWayIsStoredOnceLater) {
-    folder.execute(
-        folder.isFile()
-            ? QStringLiteral("CREATE TRIGGER stop BEFORE INSERT ON ses_auditoria WHEN NEW.Texto = 'dos' "
-                             "BEGIN SELECT raise(ABORT, 'no'); END")
-            : QStringLiteral("ALTER TABLE ses_auditoria ADD CONSTRAINT stop CHECK (Texto <> 'dos')"));
+    refuseTheSecond();
     add(QStringLiteral("uno"));
     add(QStringLiteral("dos"));
     EXPECT_FALSE(trail.store());
-    folder.execute(folder.isFile() ? QStringLiteral("DROP TRIGGER stop")
-                                   : QStringLiteral("ALTER TABLE ses_auditoria DROP CONSTRAINT stop"));
+    acceptTheSecond();
     EXPECT_TRUE(trail.store());
     EXPECT_EQ(stored().join(u','), QStringLiteral("uno,dos"));
 }

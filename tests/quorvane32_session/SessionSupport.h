@@ -29,6 +29,7 @@ public:
 
     QString path() const { return m_folder.path(); }
     bool isFile() const { return !m_server; }
+    TestEngine engine() const { return m_engine; }
     /// The file of the embedded database.
     QString database() const { return m_folder.filePath(QStringLiteral("quorvane.db")); }
     QString profileFile() const { return m_folder.filePath(QStringLiteral("quorvane.ini")); }

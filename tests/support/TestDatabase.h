@@ -7,19 +7,24 @@
 
 namespace dalvora::test {
 
+namespace tds {
+class TdsServer;
+}
+
 /// The engines that one suite runs on.
 enum class TestEngine {
     Sqlite,
     PostgreSql,
     OdbcPostgreSql, ///< the same server through its ODBC driver
+    TestSqlServer,  ///< the test server that speaks the protocol of SQL Server (tests/tds), through FreeTDS
 };
 
 inline constexpr TestEngine allEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql,
-                                            TestEngine::OdbcPostgreSql};
+                                            TestEngine::OdbcPostgreSql, TestEngine::TestSqlServer};
 
 /// For INSTANTIATE_TEST_SUITE_P: names a test by its engine.
 inline std::string engineName(const testing::TestParamInfo<TestEngine>& info) {
-    constexpr const char* names[] = {"Sqlite", "PostgreSql", "OdbcPostgreSql"};
+    constexpr const char* names[] = {"Sqlite", "PostgreSql", "OdbcPostgreSql", "TestSqlServer"};
     return names[static_cast<int>(info.param)];
 }
 
@@ -39,10 +44,14 @@ public:
     /// Runs statements separated by ";" on a connection of their own.
     void run(const QString& script) const;
 
-    /// The server that the databases of this program live on.
+    /// The PostgreSQL server that databases of this program live on.
     static PostgresCluster& cluster();
+    /// The test server that other databases of this program live on.
+    static tds::TdsServer& testServer();
 
 private:
+    QString address() const;
+
     TestEngine m_engine;
     QTemporaryDir m_folder;
     QString m_name;

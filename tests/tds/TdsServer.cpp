@@ -3,6 +3,7 @@
 #include "tests/tds/BatchSession.h"
 #include "tests/tds/SetStatement.h"
 #include <algorithm>
+#include <chrono>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -94,9 +95,23 @@ void TdsServer::addDatabase(const QString& name, const QString& path) {
     m_files[name.toLower()] = path;
 }
 
-void TdsServer::removeDatabase(const QString& name) {
+void TdsServer::closeDatabase(const QString& name) {
     const std::lock_guard lock(m_mutex);
-    m_files.remove(name.toLower());
+    m_closed += name.toLower();
+}
+
+void TdsServer::removeDatabase(const QString& name) {
+    std::unique_lock lock(m_mutex);
+    const QString file = m_files.take(name.toLower());
+    const auto holds = [&](const Client& client) { return client.file == file && !client.ended; };
+    while (std::ranges::any_of(m_clients, holds)) {
+        for (const Client& client : m_clients)
+            if (holds(client))
+                shutdown(client.socket, SHUT_RDWR);
+        lock.unlock();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        lock.lock();
+    }
 }
 
 void TdsServer::cutAll() {
@@ -153,7 +168,7 @@ void TdsServer::forgetEnded() {
 void TdsServer::serve(Client& client) {
     ClientLink link(client.socket, m_ends);
     try {
-        talk(link);
+        talk(client, link);
     } catch (const LinkClosed&) {
         // The client went, or was cut.
     } catch (const ProtocolError&) {
@@ -180,7 +195,8 @@ QString TdsServer::signIn(ClientLink& link, const LoginRequest& login) {
         const std::lock_guard lock(m_mutex);
         const auto password = m_passwords.constFind(login.user.toLower());
         known = password != m_passwords.constEnd() && *password == login.password;
-        file = m_files.value(login.database.toLower());
+        const QString database = login.database.toLower();
+        file = m_closed.contains(database) ? QString() : m_files.value(database);
     }
     const ServerMessage refused = serverMessage(quorvane::ErrorLoginFailed, login.user);
     if (!known)
@@ -192,7 +208,7 @@ QString TdsServer::signIn(ClientLink& link, const LoginRequest& login) {
     return known ? file : QString();
 }
 
-void TdsServer::talk(ClientLink& link) {
+void TdsServer::talk(Client& client, ClientLink& link) {
     shakeHands(link);
     const Message message = link.receive();
     if (message.type != MessageType::Login)
@@ -201,6 +217,10 @@ void TdsServer::talk(ClientLink& link) {
     const QString file = signIn(link, login);
     if (file.isEmpty())
         return;
+    {
+        const std::lock_guard lock(m_mutex);
+        client.file = file;
+    }
     SessionSettings settings;
     settings.login = login.user;
     settings.database = login.database;

@@ -32,6 +32,9 @@ public:
     void addLogin(const QString& user, const QString& password);
     /// Offers an SQLite file as a database of this name.
     void addDatabase(const QString& name, const QString& path);
+    /// Turns newcomers away as from a database that is missing; who is in stays.
+    void closeDatabase(const QString& name);
+    /// Cuts its clients and waits until they have let go of its file.
     void removeDatabase(const QString& name);
     /// What it tells about its age: 15 unless told otherwise.
     void setMajorVersion(int version) { m_majorVersion = version; }
@@ -49,6 +52,7 @@ public:
 private:
     struct Client {
         int socket = -1;
+        QString file; ///< of the database that it signed in to
         std::thread thread;
         std::atomic<bool> ended = false;
     };
@@ -57,7 +61,7 @@ private:
     void accept();
     void forgetEnded();
     void serve(Client& client);
-    void talk(ClientLink& link);
+    void talk(Client& client, ClientLink& link);
     void shakeHands(ClientLink& link);
     /// The file of the database that a client signed in to; empty when it was turned away.
     QString signIn(ClientLink& link, const LoginRequest& login);
@@ -71,6 +75,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     QHash<QString, QString> m_passwords;
     QHash<QString, QString> m_files;
+    QStringList m_closed;
     QStringList m_statements;
     std::list<Client> m_clients;
     std::thread m_thread;

@@ -101,17 +101,19 @@ void writeRow(ByteWriter& out, const std::vector<Column>& columns,
               const std::vector<quorvane::Value>& values) {
     const auto nulls = static_cast<std::size_t>(std::ranges::count_if(values, &quorvane::Value::isNull));
     const bool spares = 2 * nulls > values.size();
-    out.u8(spares ? SparingRowToken : RowToken);
+    ByteWriter row; // of its own: a value that does not fit leaves nothing behind
+    row.u8(spares ? SparingRowToken : RowToken);
     for (std::size_t i = 0; spares && i < values.size(); i += 8) {
         quint8 bits = 0;
         for (std::size_t bit = 0; bit < 8 && i + bit < values.size(); ++bit)
             if (values[i + bit].isNull())
                 bits |= static_cast<quint8>(1U << bit);
-        out.u8(bits);
+        row.u8(bits);
     }
     for (std::size_t i = 0; i < values.size(); ++i)
         if (!spares || !values[i].isNull())
-            writeValue(out, columns[i].type, values[i]);
+            writeValue(row, columns[i].type, values[i]);
+    out.bytes(row.data());
 }
 
 void writeDone(ByteWriter& out, int status, quint64 rows) {

@@ -121,7 +121,7 @@ void VendedorTest::execute(const QString& statement) {
 
 QString VendedorTest::wholeDatabase() {
     const QString catalogue =
-        GetParam() == TestEngine::Sqlite
+        GetParam() == TestEngine::Sqlite || GetParam() == TestEngine::TestSqlServer
             ? u"select name, sql from sqlite_master where type = 'table' order by name"_s
             : u"select c.relname, count(*) from pg_class c, pg_attribute a where a.attrelid = c.oid and "
               "c.relkind = 'r' and c.relnamespace = 'public'::regnamespace group by c.relname order by 1"_s;
