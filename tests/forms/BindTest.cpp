@@ -57,4 +57,4 @@ TEST_P(BindTest, ALockedControlChangesNothing) {
     EXPECT_EQ(table().Codigo(), QString());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, BindTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, BindTest, testing::ValuesIn(windowEngines), engineName);

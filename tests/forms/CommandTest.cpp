@@ -212,4 +212,4 @@ TEST_P(CommandTest, TheSecondOfTwoUsersIsToldAndStoresNothing) {
     EXPECT_EQ(controls().XGrid->text(1, 6), u"7,00"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CommandTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, CommandTest, testing::ValuesIn(windowEngines), engineName);

@@ -330,4 +330,4 @@ TEST_P(GridTest, AnEntryInProgressStaysWhileNothingHappens) {
     EXPECT_TRUE(products().isEditing());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, GridTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, GridTest, testing::ValuesIn(windowEngines), engineName);

@@ -249,4 +249,4 @@ TEST_P(HeaderTest, CompletingTheKeyKeepsEnteredLinesUnlessTold) {
     EXPECT_TRUE(table().SysRecordFound);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, HeaderTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, HeaderTest, testing::ValuesIn(windowEngines), engineName);

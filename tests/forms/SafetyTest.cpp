@@ -151,4 +151,4 @@ TEST_P(SafetyTest, ProgressIsSeenWhileACommandWorks) {
     EXPECT_EQ(controls().StatusBar->text(panelMensaje), QString());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SafetyTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, SafetyTest, testing::ValuesIn(windowEngines), engineName);

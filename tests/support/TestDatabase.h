@@ -21,6 +21,9 @@ enum class TestEngine {
 
 inline constexpr TestEngine allEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql,
                                             TestEngine::OdbcPostgreSql, TestEngine::TestSqlServer};
+/// For the tests of whole windows, which take their time: what a window does is sent to every engine by the
+/// tests of the record below it.
+inline constexpr TestEngine windowEngines[] = {TestEngine::Sqlite, TestEngine::PostgreSql};
 
 /// For INSTANTIATE_TEST_SUITE_P: names a test by its engine.
 inline std::string engineName(const testing::TestParamInfo<TestEngine>& info) {

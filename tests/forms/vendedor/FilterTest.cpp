@@ -122,6 +122,6 @@ TEST_P(SalespeopleFilter, RowsOfOthersThatATrickListsAreNotWritten) {
               (QStringList{u"OTRA"_s, u"ZONA"_s}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleFilter, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleFilter, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace dalvora::test

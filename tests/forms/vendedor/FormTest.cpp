@@ -197,6 +197,6 @@ TEST_P(SalespeopleForm, AnErrorOfTheSessionIsTold) {
     expectTold({{u"Ocupado"_s, 16}});
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleForm, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleForm, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace dalvora::test

@@ -67,6 +67,6 @@ TEST_P(SalespeopleLimit, AllOfThemAreAssignedAtOnce) {
     EXPECT_EQ(grid().text(5000, 3), u"C1"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleLimit, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, SalespeopleLimit, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace dalvora::test
