@@ -5,8 +5,8 @@
 namespace quorvane {
 
 /// The right to answer at an address, held by at most one living process: the system takes it back when the
-/// process ends, however it ends. Its holder may remove a socket file that a dead process left. The lock's
-/// file names the holder's process for whoever looks for it.
+/// process ends, however it ends. Where addresses are files, its holder may remove one that a dead process
+/// left, and the lock's own file names the holder's process for whoever looks for it.
 class ChannelLock {
 public:
     explicit ChannelLock(QString address) : m_file(address.append(QStringLiteral(".lock"))) {}
@@ -19,8 +19,10 @@ public:
     void release();
 
 private:
+    static constexpr qintptr none = -1;
+
     QString m_file;
-    int m_descriptor = -1;
+    qintptr m_handle = none;
 };
 
 } // namespace quorvane

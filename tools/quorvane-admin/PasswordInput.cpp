@@ -1,68 +1,13 @@
 #include "tools/quorvane-admin/PasswordInput.h"
 
 #include "platform/quorvane32/base/RunTimeError.h"
-#include <cstdio>
+#include "tools/quorvane-admin/Terminal.h"
 #include <iostream>
 #include <string>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#include <windows.h>
-#else
-#include <termios.h>
-#include <unistd.h>
-#endif
 
 namespace quorvane::admin {
 
 namespace {
-
-#ifdef Q_OS_WIN
-
-bool atTerminal() {
-    return _isatty(_fileno(stdin)) != 0;
-}
-
-class HiddenEntry {
-public:
-    HiddenEntry() : m_console(GetStdHandle(STD_INPUT_HANDLE)) {
-        GetConsoleMode(m_console, &m_before);
-        SetConsoleMode(m_console, m_before & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
-    }
-    ~HiddenEntry() { SetConsoleMode(m_console, m_before); }
-    HiddenEntry(const HiddenEntry&) = delete;
-    HiddenEntry& operator=(const HiddenEntry&) = delete;
-
-private:
-    HANDLE m_console;
-    DWORD m_before = 0;
-};
-
-#else
-
-bool atTerminal() {
-    return isatty(STDIN_FILENO) != 0;
-}
-
-/// The terminal shows no letters as long as it lives and hands over every key, also the one that would end
-/// the program and leave the terminal so.
-class HiddenEntry {
-public:
-    HiddenEntry() {
-        tcgetattr(STDIN_FILENO, &m_before);
-        termios hidden = m_before;
-        hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
-    }
-    ~HiddenEntry() { tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before); }
-    HiddenEntry(const HiddenEntry&) = delete;
-    HiddenEntry& operator=(const HiddenEntry&) = delete;
-
-private:
-    termios m_before{};
-};
-
-#endif
 
 QString textOf(std::string line) {
     if (!line.empty() && line.back() == '\r')
@@ -88,17 +33,17 @@ void removeLetter(std::string& line) {
 }
 
 QString readKeys() {
-    constexpr int interrupt = 3;
-    constexpr int backspace = 8;
-    constexpr int deleted = 127;
+    constexpr char interrupt = 3;
+    constexpr char backspace = 8;
+    constexpr char deleted = 127;
     std::string line;
-    for (int key = std::cin.get(); key != '\n' && key != '\r'; key = std::cin.get()) {
-        if (key == interrupt || key == std::char_traits<char>::eof())
+    for (std::string key = readKey(); key != "\n" && key != "\r"; key = readKey()) {
+        if (key.empty() || key.front() == interrupt)
             throw RunTimeError(ErrorDialogCancelled, QStringLiteral("Cancelado"));
-        if (key == backspace || key == deleted)
+        if (key.front() == backspace || key.front() == deleted)
             removeLetter(line);
         else
-            line += static_cast<char>(key);
+            line += key;
     }
     return textOf(std::move(line));
 }

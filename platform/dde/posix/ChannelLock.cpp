@@ -1,18 +1,13 @@
 #include "platform/dde/ChannelLock.h"
 #include <QFile>
-
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
-#endif
 
 namespace quorvane {
 
-#ifdef Q_OS_UNIX
-
 bool ChannelLock::acquire() {
-    if (m_descriptor >= 0)
+    if (m_handle != none)
         return true;
     const int descriptor =
         ::open(QFile::encodeName(m_file).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
@@ -22,7 +17,7 @@ bool ChannelLock::acquire() {
         ::close(descriptor);
         return false;
     }
-    m_descriptor = descriptor;
+    m_handle = descriptor;
     // Only for people and tools; a full disk takes nothing from the lock itself.
     const QByteArray process = QByteArray::number(static_cast<qint64>(::getpid())) + '\n';
     [[maybe_unused]] const bool told =
@@ -32,23 +27,9 @@ bool ChannelLock::acquire() {
 
 void ChannelLock::release() {
     // The file stays: removing it would let a third process lock a new one beside a waiting second.
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
-    m_descriptor = -1;
+    if (m_handle != none)
+        ::close(static_cast<int>(m_handle));
+    m_handle = none;
 }
-
-#else
-
-// A pipe vanishes with its process, and the first server of a name keeps others out: nothing to guard.
-bool ChannelLock::acquire() {
-    m_descriptor = 0;
-    return true;
-}
-
-void ChannelLock::release() {
-    m_descriptor = -1;
-}
-
-#endif
 
 } // namespace quorvane
