@@ -13,7 +13,7 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 find_program(MOLD mold)
-if(MOLD)
+if(MOLD AND NOT CMAKE_CROSSCOMPILING)
   add_link_options(-fuse-ld=mold)
 endif()
 # Symbols are bound at once: cheaper at the start than one by one at their first call, and their table is

@@ -17,7 +17,12 @@ constexpr char rowsFolder[] = "xl/worksheets/";
 constexpr qint64 leastRoom = 256 * 1024LL;
 
 bool isFull(int systemError) {
-    return systemError == ENOSPC || systemError == EDQUOT;
+#ifdef EDQUOT
+    // Where users have shares of a disk, theirs may be full before the disk is.
+    if (systemError == EDQUOT)
+        return true;
+#endif
+    return systemError == ENOSPC;
 }
 
 bool isFull(const QString& file) {
