@@ -79,7 +79,7 @@ void ByteWriter::patchLength(qsizetype place) {
 }
 
 QByteArray ByteWriter::take(qsizetype count) {
-    const QByteArray head = m_data.first(count);
+    QByteArray head = m_data.first(count);
     m_data.remove(0, count);
     return head;
 }

@@ -59,6 +59,7 @@ TEST_F(TestServer, ServesManyAtOnce) {
     constexpr int rounds = 20;
     std::atomic<int> errors = 0;
     std::vector<std::thread> threads;
+    threads.reserve(clients);
     for (int i = 0; i < clients; ++i)
         threads.emplace_back([&, i] {
             Client client(options());
