@@ -23,14 +23,15 @@ bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)
 "$@" sh -c 'cat >"$0/data/pg_hba.conf"' "$folder" <<END
 local all quorvane trust
 local all all scram-sha-256
+host all all localhost scram-sha-256
 END
 )";
 
-/// Runs the server until the pipe at its input is closed.
+/// Runs the server until the pipe at its input is closed. $LISTEN is where it listens besides.
 constexpr const char* keepScript = R"(
 folder=$1; shift
 bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)
-"$@" "$bin/postgres" -D "$folder/data" -c listen_addresses= -c unix_socket_directories="$folder" \
+"$@" "$bin/postgres" -D "$folder/data" $LISTEN -c unix_socket_directories="$folder" \
     -c fsync=off -c full_page_writes=off -c max_connections=120 -c log_min_messages=fatal \
     -c lc_messages=C >>"$folder/server.log" 2>&1 </dev/null &
 server=$!
@@ -60,7 +61,13 @@ QByteArray log(const QString& path) {
 
 } // namespace
 
-PostgresCluster::PostgresCluster() : m_folder(QStringLiteral("/tmp/quorvane-pg-XXXXXX")) {
+PostgresCluster::PostgresCluster(int port)
+    : m_port(port), m_folder(QStringLiteral("/tmp/quorvane-pg-XXXXXX")) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LISTEN"),
+                       port == 0 ? QStringLiteral("-c listen_addresses=")
+                                 : QStringLiteral("-c listen_addresses=localhost -c port=%1").arg(port));
+    m_keeper.setProcessEnvironment(environment);
     makeFolder();
     start();
 }
@@ -111,7 +118,9 @@ void PostgresCluster::waitUntilReady() const {
 }
 
 QString PostgresCluster::connectString(const QString& database) const {
-    return QStringLiteral("Driver=postgresql;Host=%1;Database=%2;User=quorvane").arg(host(), database);
+    const QString where =
+        QStringLiteral("Driver=postgresql;Host=%1;Database=%2;User=quorvane").arg(host(), database);
+    return m_port == 0 ? where : where + QStringLiteral(";Port=%1").arg(m_port);
 }
 
 } // namespace dalvora::test

@@ -7,12 +7,12 @@
 namespace dalvora::test {
 
 /// A PostgreSQL server of the test's own: a new cluster in a temporary folder that listens on a socket in it
-/// and nowhere else. It ends with the test program however that ends: its keeper waits for the end of a pipe
-/// that the system closes with the program. The server refuses to run as the superuser, so it then runs as
-/// the package's user.
+/// and nowhere else, unless it is given a port of this machine. It ends with the test program however that
+/// ends: its keeper waits for the end of a pipe that the system closes with the program. The server refuses
+/// to run as the superuser, so it then runs as the package's user.
 class PostgresCluster {
 public:
-    PostgresCluster();
+    explicit PostgresCluster(int port = 0);
     ~PostgresCluster();
     PostgresCluster(const PostgresCluster&) = delete;
     PostgresCluster& operator=(const PostgresCluster&) = delete;
@@ -34,6 +34,7 @@ public:
 private:
     void makeFolder();
 
+    int m_port;
     QTemporaryDir m_folder;
     QProcess m_keeper;
     int m_names = 0;
