@@ -14,7 +14,8 @@ namespace quorvane::admin {
 namespace {
 
 QString systemUser() {
-    const QString user = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    const QString user =
+        qEnvironmentVariable("USER", qEnvironmentVariable("LOGNAME", qEnvironmentVariable("USERNAME")));
     return user.isEmpty() ? u"?"_s : user;
 }
 
