@@ -33,8 +33,8 @@ QDate day(const CommandLine& line, const QString& option) {
 }
 
 AuditFilter filterOf(const CommandLine& line) {
-    const AuditFilter filter{line.value(u"usuario"_s), line.value(u"empresa"_s), line.value(u"programa"_s),
-                             day(line, u"desde"_s), day(line, u"hasta"_s)};
+    AuditFilter filter{line.value(u"usuario"_s), line.value(u"empresa"_s), line.value(u"programa"_s),
+                       day(line, u"desde"_s), day(line, u"hasta"_s)};
     if (filter.from.isValid() && filter.to.isValid() && filter.to < filter.from)
         throw UsageError(u"el día de --hasta es anterior al de --desde"_s);
     return filter;

@@ -3,7 +3,7 @@
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/session/SessionSql.h"
 #include <QStringList>
-#include <ranges>
+#include <algorithm>
 #include <vector>
 
 namespace quorvane {
@@ -57,8 +57,7 @@ void AuditReader::last(const AuditFilter& filter, int count, const Take& take) {
                                    selectEntries.arg(conditions(filter), QStringLiteral(" DESC")));
     for (; !rows.eof(); rows.moveNext())
         entries.push_back(entryOf(rows));
-    for (const AuditEntry& entry : entries | std::views::reverse)
-        take(entry);
+    std::for_each(entries.rbegin(), entries.rend(), take);
 }
 
 } // namespace quorvane
