@@ -134,6 +134,7 @@ TEST(DateLiterals, IsoForms) {
     EXPECT_EQ(isoDate("2006-03-05"), "2006-03-05");
     EXPECT_EQ(isoDate(""), "1900-01-01");
     EXPECT_EQ(isoDate("31/12/9999"), "9999-12-31");
+    EXPECT_EQ(isoDate("30/12/1899"), "1899-12-30");
     EXPECT_EQ(isoDate(" 2006-03-05 "), "2006-03-05");
     EXPECT_EQ(isoDate("2006-03-05 14:20:30"), "2006-03-05 14:20:30");
     EXPECT_EQ(isoDate("05/03/2006 14:20"), "2006-03-05 14:20:00");

@@ -259,6 +259,12 @@ QDate isoDay(QStringView text) {
     return day.isValid() && day.year() >= firstYear ? day : QDate();
 }
 
+/// The day that a literal names: the one whose number is 0 is a day here, though it stands for no date in
+/// values.
+QDate dayOf(Date date) {
+    return date.isEmpty() ? QDate(1899, 12, 30) : date.toQDate();
+}
+
 QTime timeOfDay(const QString& text) {
     const QTime time = QTime::fromString(text, Qt::ISODate);
     if (!time.isValid())
@@ -282,7 +288,7 @@ QString isoDate(const QString& text) {
     try {
         QDate day = isoDay(dayText);
         if (!day.isValid())
-            day = RegionalSettings().parseDate(dayText).toQDate();
+            day = dayOf(RegionalSettings().parseDate(dayText));
         const QTime time = split < trimmed.size() ? timeOfDay(trimmed.mid(split + 1)) : QTime(0, 0);
         const QString iso = day.toString(Qt::ISODate);
         return time == QTime(0, 0) ? iso : iso + u' ' + time.toString(QStringLiteral("HH:mm:ss"));
