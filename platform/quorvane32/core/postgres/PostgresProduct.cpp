@@ -51,6 +51,18 @@ struct Refusal {
 
 // The client library gives no code for a refused connection, only the server's words.
 constexpr Refusal refusals[] = {
+    // These name the database or the role, too, so they come first.
+    {"permission denied for database", ErrorPermissionDenied,
+     "El servidor no deja entrar en la base de datos del perfil"},
+    {"permiso denegado a la base de datos", ErrorPermissionDenied,
+     "El servidor no deja entrar en la base de datos del perfil"},
+    {"too many c", ErrorConnectionLost, "El servidor no admite más conexiones por ahora"},
+    {"demasiad", ErrorConnectionLost, "El servidor no admite más conexiones por ahora"},
+    {"remaining connection slots", ErrorConnectionLost, "El servidor no admite más conexiones por ahora"},
+    {"not currently accepting connections", ErrorConnectionLost,
+     "El servidor no admite conexiones a la base de datos del perfil por ahora"},
+    {"no acepta conexiones", ErrorConnectionLost,
+     "El servidor no admite conexiones a la base de datos del perfil por ahora"},
     {"authentication failed", ErrorLoginFailed,
      "El servidor no acepta el usuario o la contraseña del perfil"},
     {"no password supplied", ErrorLoginFailed, "El servidor pide una contraseña y el perfil no da ninguna"},
