@@ -40,7 +40,9 @@ qint64 Accounts::layout(const QString& databaseName) {
             m_connection.openRecordset(QStringLiteral("SELECT Version FROM ses_esquema"));
         return layout.eof() ? 0 : number(layout.value(0));
     } catch (const RunTimeError& error) {
-        if (error.number() == ErrorDatabaseFormat || error.number() == ErrorConnectionLost)
+        // Only a table that is not there, or is another program's, tells what kind of database it is.
+        if (error.number() == ErrorDatabaseFormat || error.number() == ErrorConnectionLost ||
+            error.number() == ErrorPermissionDenied)
             throw;
         throw RunTimeError(ErrorDatabaseFormat,
                            QStringLiteral("%1 no es una base de datos de Quorvane ERP [%2]")

@@ -26,6 +26,13 @@ QString databaseName(const QString& connectString) {
     return ConnectString::parse(connectString).value(QStringLiteral("database"));
 }
 
+/// True for the embedded database, which is a file in a folder.
+bool isFile(const QString& connectString) {
+    return ConnectString::parse(connectString)
+               .value(QStringLiteral("driver"))
+               .compare(u"sqlite", Qt::CaseInsensitive) == 0;
+}
+
 /// The error with the name of the database that it is about.
 RunTimeError withDatabase(const RunTimeError& error, const QString& database) {
     if (database.isEmpty() || error.description().contains(database))
@@ -80,7 +87,7 @@ void ErpSession::openOwn(const QString& connectString) {
     try {
         m_own.open(ownConnectString(connectString));
     } catch (const RunTimeError& error) {
-        if (error.number() != ErrorPermissionDenied)
+        if (error.number() != ErrorPermissionDenied || !isFile(connectString))
             throw withDatabase(error, databaseName(connectString));
         // A read-only file can be read; in a read-only folder the programs cannot agree on who writes.
         throw RunTimeError(
