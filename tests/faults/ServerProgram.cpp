@@ -1,6 +1,7 @@
 #include "tests/faults/ServerProgram.h"
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
+#include <QTest>
 #include <csignal>
 
 namespace dalvora::test {
@@ -29,6 +30,7 @@ void ServerProgram::strike(Blow blow) {
     switch (blow) {
     case Blow::BackendKilled:
         killBackend();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return relay.links() == 0; })) << "the server goes on";
         return;
     case Blow::ServerStopped:
         cluster.kill();

@@ -72,6 +72,16 @@ void Relay::cutBefore(const QByteArray& words) {
     m_cutBefore = words;
 }
 
+void Relay::cutInAnswer(const QByteArray& words) {
+    const std::lock_guard lock(m_mutex);
+    m_cutInAnswer = words;
+}
+
+int Relay::links() {
+    const std::lock_guard lock(m_linksMutex);
+    return static_cast<int>(m_links.size());
+}
+
 void Relay::replaceInAnswers(const QByteArray& words, const QByteArray& others) {
     const std::lock_guard lock(m_mutex);
     m_replacements.emplace_back(words, others);
@@ -125,6 +135,14 @@ bool Relay::admits(Link& link, const QByteArray& question) {
     return true;
 }
 
+bool Relay::admitsAnswer(const QByteArray& answer) {
+    const std::lock_guard lock(m_mutex);
+    if (m_cutInAnswer.isEmpty() || !answer.contains(m_cutInAnswer))
+        return true;
+    m_cutInAnswer.clear();
+    return false;
+}
+
 QByteArray Relay::changed(QByteArray answer) {
     const std::lock_guard lock(m_mutex);
     for (const auto& [words, others] : m_replacements)
@@ -147,7 +165,7 @@ bool Relay::passQuestion(Link& link) {
 bool Relay::passAnswer(Link& link) {
     const QByteArray data = receive(link.server);
     link.answered = true;
-    return !data.isEmpty() && !link.doomed && sendAll(link.client, changed(data));
+    return !data.isEmpty() && !link.doomed && admitsAnswer(data) && sendAll(link.client, changed(data));
 }
 
 void Relay::run() {

@@ -34,6 +34,10 @@ public:
     void cutAfter(const QByteArray& words);
     /// The next link that sends these words is cut before the server has them: the question is lost.
     void cutBefore(const QByteArray& words);
+    /// The next link over which these words come is cut instead of passing them on: the rest is lost.
+    void cutInAnswer(const QByteArray& words);
+    /// How many links are open.
+    int links();
     /// Cuts every link; when the call returns nothing more passes on them.
     void cutAll();
     /// Puts words of the same length into the place of others in every answer from now on.
@@ -53,6 +57,7 @@ private:
     bool passAnswer(Link& link);
     /// False when the question is not to arrive.
     bool admits(Link& link, const QByteArray& question);
+    bool admitsAnswer(const QByteArray& answer);
     QByteArray changed(QByteArray answer);
     void cut(Link& link);
 
@@ -64,6 +69,7 @@ private:
     std::mutex m_mutex;
     QByteArray m_cutAfter;
     QByteArray m_cutBefore;
+    QByteArray m_cutInAnswer;
     std::vector<std::pair<QByteArray, QByteArray>> m_replacements;
     std::vector<QByteArray> m_questions;
     std::atomic<int> m_delay = 0;
