@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/DBTable.h"
+#include "demo/Database.h"
 #include "demo/Demonstration.h"
 #include "platform/dde/LocalRequestLink.h"
 #include "platform/quorvane32/core/Connection.h"
@@ -11,27 +12,52 @@
 #include "tests/drilldown/DocumentPrograms.h"
 #include "tests/support/FakeSession.h"
 #include "tests/support/MessageRecorder.h"
+#include "tests/support/TestDatabase.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace dalvora::test {
 
 using namespace Qt::StringLiterals;
 
+/// The demonstration company on a database of an engine, with a profile that signs in by itself.
+class DemonstrationOn {
+public:
+    explicit DemonstrationOn(TestEngine engine) {
+        demo::createDemonstration(m_folder.path());
+        if (engine == TestEngine::Sqlite)
+            return;
+        m_server = std::make_unique<TestDatabase>(engine);
+        quorvane::Connection loading;
+        loading.open(m_server->connectString());
+        demo::loadDemonstration(loading);
+        auto profile = quorvane::Profile::load(m_folder.path());
+        profile.connectString = m_server->connectString();
+        profile.save(m_folder.path());
+    }
+    QString path() const { return m_folder.path(); }
+    QString filePath(const QString& name) const { return m_folder.filePath(name); }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<TestDatabase> m_server;
+};
+
 /// The calling program's side as it is: the demonstration company on its database, the real link, shell and
 /// message loop.
-class ClickTest : public testing::Test {
+class ClickTest : public testing::TestWithParam<TestEngine> {
 protected:
-    static void SetUpTestSuite() {
-        s_home = std::make_unique<QTemporaryDir>();
-        demo::createDemonstration(s_home->path());
-    }
-    static void TearDownTestSuite() { s_home.reset(); }
+    static void TearDownTestSuite() { s_homes.clear(); }
 
     ClickTest() {
-        connection.open(quorvane::Profile::load(s_home->path()).resolvedConnectString(s_home->path()));
+        std::unique_ptr<DemonstrationOn>& made = s_homes[GetParam()];
+        if (!made)
+            made = std::make_unique<DemonstrationOn>(GetParam());
+        home = made.get();
+        connection.open(quorvane::Profile::load(home->path()).resolvedConnectString(home->path()));
         table.SysEmpresa = u"001"_s;
         QObject::connect(&heart, &QTimer::timeout, &heart, [this] { ++beats; });
         heart.start(10);
@@ -61,7 +87,8 @@ protected:
         EXPECT_EQ(pointer, 0);
     }
 
-    static inline std::unique_ptr<QTemporaryDir> s_home;
+    static inline std::map<TestEngine, std::unique_ptr<DemonstrationOn>> s_homes;
+    DemonstrationOn* home = nullptr;
     DocumentPrograms programs;
     MessageRecorder messages;
     FakeSession session;

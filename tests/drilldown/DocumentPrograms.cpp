@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -32,6 +33,9 @@ void DocumentPrograms::install(const QString& program) {
 void DocumentPrograms::installReal(const QString& profileFolder) {
     qputenv("QUORVANE_HOME", profileFolder.toLocal8Bit());
     install(QStringLiteral(DOCUMENT_PROGRAM));
+    // The modules of the engines stand beside the program.
+    const QString modules = QFileInfo(QStringLiteral(DOCUMENT_PROGRAM)).path() + u"/quorvane"_s;
+    EXPECT_TRUE(QFile::link(modules, m_programs.filePath(u"quorvane"_s)));
 }
 
 void DocumentPrograms::installDouble(const QByteArray& mode) {

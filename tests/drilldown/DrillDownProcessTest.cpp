@@ -7,10 +7,10 @@ namespace {
 
 class DrillDownProcess : public ClickTest {
 protected:
-    DrillDownProcess() { programs.installReal(s_home->path()); }
+    DrillDownProcess() { programs.installReal(home->path()); }
 };
 
-TEST_F(DrillDownProcess, TheFirstClickStartsTheDocumentProgramAndTheNextOnesReuseIt) {
+TEST_P(DrillDownProcess, TheFirstClickStartsTheDocumentProgramAndTheNextOnesReuseIt) {
     EXPECT_EQ(programs.running(), 0);
     click(u"FACTURA"_s, u"10250"_s);
     expectSilence();
@@ -27,7 +27,7 @@ TEST_F(DrillDownProcess, TheFirstClickStartsTheDocumentProgramAndTheNextOnesReus
     EXPECT_EQ(link.linkMode(), quorvane::LinkNone);
 }
 
-TEST_F(DrillDownProcess, ADocumentThatDoesNotExistIsRefusedWithItsName) {
+TEST_P(DrillDownProcess, ADocumentThatDoesNotExistIsRefusedWithItsName) {
     click(u"FACTURA"_s, u"99999"_s);
     expectTold(u"Aplicación no procesó el requerimiento"_s,
                u"285 - La aplicación externa no realizó el método o la operación de DDE: No existe el "
@@ -37,7 +37,7 @@ TEST_F(DrillDownProcess, ADocumentThatDoesNotExistIsRefusedWithItsName) {
     expectSilence();
 }
 
-TEST_F(DrillDownProcess, AProgramThatWasKilledIsStartedAgain) {
+TEST_P(DrillDownProcess, AProgramThatWasKilledIsStartedAgain) {
     click(u"FACTURA"_s, u"10250"_s);
     const qint64 first = programs.running();
     ASSERT_NE(first, 0);
@@ -49,10 +49,10 @@ TEST_F(DrillDownProcess, AProgramThatWasKilledIsStartedAgain) {
     EXPECT_NE(programs.running(), first);
 }
 
-TEST_F(DrillDownProcess, ADatabaseThatIsGoneIsARefusal) {
+TEST_P(DrillDownProcess, ADatabaseThatIsGoneIsARefusal) {
     click(u"FACTURA"_s, u"10250"_s);
     expectSilence();
-    const QString profile = s_home->filePath(u"quorvane.ini"_s);
+    const QString profile = home->filePath(u"quorvane.ini"_s);
     ASSERT_TRUE(QFile::rename(profile, profile + u".x"_s));
     click(u"FACTURA"_s, u"10250"_s);
     ASSERT_TRUE(QFile::rename(profile + u".x"_s, profile));
@@ -63,5 +63,7 @@ TEST_F(DrillDownProcess, ADatabaseThatIsGoneIsARefusal) {
     click(u"FACTURA"_s, u"10250"_s);
     expectSilence();
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, DrillDownProcess, testing::ValuesIn(allEngines), engineName);
 
 } // namespace

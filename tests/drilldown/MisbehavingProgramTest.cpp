@@ -23,13 +23,13 @@ protected:
     }
 };
 
-TEST_F(MisbehavingProgram, OneThatCannotBeStartedIsToldWithItsFolder) {
+TEST_P(MisbehavingProgram, OneThatCannotBeStartedIsToldWithItsFolder) {
     click(u"FACTURA"_s, u"10250"_s);
     expectTold(u"No se pudo iniciar aplicación "_s + programs.folder() + u"\\Lorbadeno.Exe"_s, nobody);
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, AFileThatIsNoProgramCannotBeStarted) {
+TEST_P(MisbehavingProgram, AFileThatIsNoProgramCannotBeStarted) {
     QFile file(programs.folder() + u"/Lorbadeno.Exe"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("nada") > 0);
     file.close();
@@ -37,13 +37,13 @@ TEST_F(MisbehavingProgram, AFileThatIsNoProgramCannotBeStarted) {
     expectTold(u"No se pudo iniciar aplicación "_s + programs.folder() + u"\\Lorbadeno.Exe"_s, nobody);
 }
 
-TEST_F(MisbehavingProgram, OneThatIsSlowToStartIsWaitedFor) {
+TEST_P(MisbehavingProgram, OneThatIsSlowToStartIsWaitedFor) {
     timedClick("late");
     expectSilence();
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, OneThatNeverAnswersIsGivenUp) {
+TEST_P(MisbehavingProgram, OneThatNeverAnswersIsGivenUp) {
     timedClick("mute");
     expectTold(noContact, nobody);
     EXPECT_NE(programs.running(), 0);
@@ -51,7 +51,7 @@ TEST_F(MisbehavingProgram, OneThatNeverAnswersIsGivenUp) {
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, SilenceCostsTheTimeOutOnceAndTheEventsGoOn) {
+TEST_P(MisbehavingProgram, SilenceCostsTheTimeOutOnceAndTheEventsGoOn) {
     constexpr qint64 fiveSeconds = 5000;
     constexpr qint64 attempts = 11;
     constexpr qint64 longestWait = 3000; // 20,000 yields on a busy machine
@@ -63,7 +63,7 @@ TEST_F(MisbehavingProgram, SilenceCostsTheTimeOutOnceAndTheEventsGoOn) {
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, SilenceAfterTheCommandCostsTheTimeOut) {
+TEST_P(MisbehavingProgram, SilenceAfterTheCommandCostsTheTimeOut) {
     const qint64 took = timedClick("silent-command");
     expectTold(notDone, timeOut);
     EXPECT_GE(took, 4900);
@@ -71,28 +71,28 @@ TEST_F(MisbehavingProgram, SilenceAfterTheCommandCostsTheTimeOut) {
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, OneThatDiesWithTheCommandIsTold) {
+TEST_P(MisbehavingProgram, OneThatDiesWithTheCommandIsTold) {
     timedClick("die-command");
     expectTold(notDone, u"291 - La aplicación externa terminó"_s);
     EXPECT_EQ(programs.running(), 0);
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, OneThatDiesBeforeItAnswersIsNotStartedForEver) {
+TEST_P(MisbehavingProgram, OneThatDiesBeforeItAnswersIsNotStartedForEver) {
     timedClick("die");
     expectTold(noContact, nobody);
     EXPECT_EQ(programs.running(), 0);
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, ARefusalIsToldWithItsReason) {
+TEST_P(MisbehavingProgram, ARefusalIsToldWithItsReason) {
     timedClick("refuse");
     expectTold(notDone, u"285 - La aplicación externa no realizó el método o la operación de DDE: Hoy no se "
                         u"muestran documentos"_s);
     expectAlive();
 }
 
-TEST_F(MisbehavingProgram, EndingOneThatDoesNotRunSaysNothing) {
+TEST_P(MisbehavingProgram, EndingOneThatDoesNotRunSaysNothing) {
     QString newTopic = u"x"_s;
     const TopicSurroundings surroundings{starter, programs.folder(), MessageLoop(),
                                          [this](int shape) { pointer = shape; }};
@@ -103,5 +103,7 @@ TEST_F(MisbehavingProgram, EndingOneThatDoesNotRunSaysNothing) {
     EXPECT_EQ(newTopic, u""_s);
     EXPECT_EQ(pointer, 11);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, MisbehavingProgram, testing::Values(TestEngine::Sqlite), engineName);
 
 } // namespace

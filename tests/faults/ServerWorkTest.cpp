@@ -199,8 +199,7 @@ TEST_F(ServerWorkOnce, AReportWhoseRowsBreakOffSaysThatItIsIncompleteAndTheNextO
             << qPrintable(viewer.viewer().notice());
         std::cout << "  the viewer's notice: " << viewer.viewer().notice().toStdString() << '\n';
     });
-    // The heading is read behind the rows.
-    EXPECT_EQ(told().text, u"Error al leer variables UnBound (3709)"_s);
+    expectSilence();
     preview([](FO_ViewReport& viewer) {
         ASSERT_TRUE(laidOut(viewer));
         EXPECT_EQ(viewer.viewer().layoutRun().state(), LayoutRun::State::Complete);

@@ -1,6 +1,7 @@
 #include "tests/support/Relay.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <poll.h>
 #include <sys/socket.h>
@@ -165,21 +166,36 @@ bool Relay::passQuestion(Link& link) {
 bool Relay::passAnswer(Link& link) {
     const QByteArray data = receive(link.server);
     link.answered = true;
-    return !data.isEmpty() && !link.doomed && admitsAnswer(data) && sendAll(link.client, changed(data));
+    if (data.isEmpty() || link.doomed || !admitsAnswer(data))
+        return false;
+    link.waiting = changed(data);
+    return sendWaiting(link);
+}
+
+bool Relay::sendWaiting(Link& link) {
+    const ssize_t sent =
+        send(link.client, link.waiting.constData(), link.waiting.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent < 0)
+        return errno == EAGAIN;
+    link.waiting.remove(0, sent);
+    return true;
 }
 
 void Relay::run() {
     while (!m_ends) {
         std::vector<pollfd> waiting{{m_listener, POLLIN, 0}};
         for (const Link& link : m_links) {
-            waiting.push_back({link.client, POLLIN, 0});
-            waiting.push_back({link.server, POLLIN, 0});
+            const bool isFull = !link.waiting.isEmpty();
+            waiting.push_back({link.client, static_cast<short>(isFull ? POLLIN | POLLOUT : POLLIN), 0});
+            waiting.push_back({link.server, static_cast<short>(isFull ? 0 : POLLIN), 0});
         }
         if (poll(waiting.data(), waiting.size(), look) <= 0)
             continue;
         for (std::size_t i = 0; i < m_links.size(); ++i) {
             Link& link = m_links[i];
-            const bool lives = (waiting[2 * i + 1].revents == 0 || passQuestion(link)) &&
+            const short client = waiting[2 * i + 1].revents;
+            const bool lives = ((client & POLLOUT) == 0 || sendWaiting(link)) &&
+                               ((client & ~POLLOUT) == 0 || passQuestion(link)) &&
                                (waiting[2 * i + 2].revents == 0 || passAnswer(link));
             if (!lives)
                 cut(link);

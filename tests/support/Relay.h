@@ -49,12 +49,14 @@ private:
         int server = -1;
         bool answered = true;
         bool doomed = false;
+        QByteArray waiting; ///< what the client has not taken yet: meanwhile the server is not heard
     };
     void run();
     void accept();
     /// False when the link is to be cut.
     bool passQuestion(Link& link);
     bool passAnswer(Link& link);
+    static bool sendWaiting(Link& link);
     /// False when the question is not to arrive.
     bool admits(Link& link, const QByteArray& question);
     bool admitsAnswer(const QByteArray& answer);
