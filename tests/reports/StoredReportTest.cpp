@@ -4,7 +4,9 @@
 #include "tests/reports/ReportFixture.h"
 #include "tests/support/TestDatabase.h"
 #include <QMap>
+#include <QProcess>
 #include <cmath>
+#include <iostream>
 #include <map>
 
 using namespace dalvora;
@@ -348,6 +350,31 @@ TEST_P(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
             continue;
         EXPECT_EQ(rowCount(), 854) << name.toStdString();
         EXPECT_EQ(amountFormats(), QStringList{u"2.,"_s}) << name.toStdString();
+    }
+}
+
+TEST_P(StoredReport, TheProgramsOwnReportsReadTheSameOnEveryEngine) {
+    static QMap<QString, QByteArray> onTheFirstEngine;
+    table.FechaIniFiltro = Date::fromYmd(1997, 7, 1);
+    table.FechaFinFiltro = Date::fromYmd(1997, 9, 30);
+    const QDir own(QStringLiteral(DALVORA_REPORTES));
+    for (const QString& file : own.entryList({u"*.rpt"_s})) {
+        ASSERT_TRUE(QFile::copy(own.filePath(file), folder.filePath(u"reportes/VELTRANO/"_s + file)));
+        const QString name = file.chopped(4);
+        ASSERT_EQ(process(name), 0) << name.toStdString();
+        const QString pdf = folder.filePath(name + u".pdf"_s);
+        table.Report()->selectPrinter(u"PDF"_s, {}, pdf);
+        table.Report()->printOut(false, 1, 1, table.Report()->pageCount());
+        QProcess reader;
+        reader.start(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
+        ASSERT_TRUE(reader.waitForFinished());
+        const QByteArray text = reader.readAllStandardOutput();
+        ASSERT_GT(text.size(), 500) << name.toStdString();
+        if (!onTheFirstEngine.contains(name))
+            onTheFirstEngine[name] = text;
+        EXPECT_EQ(text, onTheFirstEngine[name]) << name.toStdString();
+        std::cout << "  " << name.toStdString() << ": " << rowCount() << " rows, "
+                  << table.Report()->pageCount() << " pages\n";
     }
 }
 
