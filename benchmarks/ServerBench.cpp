@@ -4,6 +4,8 @@
 #include "demo/Database.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "tests/support/PostgresCluster.h"
+#include "tests/support/Relay.h"
+#include <algorithm>
 #include <libpq-fe.h>
 #include <memory>
 #include <stdexcept>
@@ -58,6 +60,38 @@ template<class Operation> std::vector<QByteArray> statementsOf(Company& company,
     return statements;
 }
 
+/// True for what begins or ends a transaction and nothing else.
+bool isStep(const QByteArray& question) {
+    return question.contains("BEGIN") ? !question.contains("SELECT") && !question.contains("select")
+                                      : question.contains("COMMIT");
+}
+
+/// How often the server is asked and answers, over a link that takes 20 ms, against the statements of all
+/// connections.
+void countRoundTrips(Report& report, const dalvora::test::PostgresCluster& cluster) {
+    constexpr int delay = 20;
+    constexpr double besideStatements = 3;
+    constexpr int lines = 100;
+    dalvora::test::Relay relay(cluster.host());
+    QString connectString = cluster.connectString("postgres");
+    Company company(connectString.replace(cluster.host(), relay.host()));
+    const auto add = [&](const char* name, const std::function<void()>& work) {
+        relay.setDelay(delay);
+        relay.takeQuestions();
+        const int before = relay.roundTrips();
+        work();
+        const double trips = relay.roundTrips() - before;
+        relay.setDelay(0);
+        const auto questions = relay.takeQuestions();
+        const auto statements =
+            static_cast<double>(questions.size() - std::ranges::count_if(questions, isStep));
+        report.add({name, "rt", trips, statements, (statements + besideStatements) / statements});
+    };
+    add("server, 20 ms: round trips, read of 1000 lines", [&] { company.read("BENCHNEW"); });
+    company.enterScheme("BENCHLINK", lines);
+    add("server, 20 ms: round trips, save of 100 lines", [&] { company.save(); });
+}
+
 } // namespace
 
 void benchServer(Report& report, Company&) {
@@ -88,6 +122,10 @@ void benchServer(Report& report, Company&) {
                             company.enterScheme("BENCHNEW", 1000);
                         }},
                        {[&] { floor.runInTransaction(saving); }, remove}));
+    remove();
+    company.enterScheme("BENCHNEW", 1000);
+    company.save();
+    countRoundTrips(report, cluster);
 }
 
 } // namespace bench
