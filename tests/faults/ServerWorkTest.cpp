@@ -26,7 +26,7 @@ constexpr Blow blows[] = {Blow::BackendKilled, Blow::ServerStopped, Blow::Networ
 class ServerWorkOnce : public ServerProgram {
 protected:
     /// Acts on the modal window of this class as soon as it is there, and closes it when it stays.
-    template<class Window> void inWindow(const QString& name, std::function<void(Window&)> act) {
+    template<class Window> void inWindow(const QString& name, const std::function<void(Window&)>& act) {
         QObject::connect(&person, &QTimer::timeout, qApp, [this, name, act] {
             auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
             if (!window || window->objectName() != name)
@@ -61,7 +61,7 @@ protected:
         QTest::mouseClick(selection.findChild<QPushButton*>(u"coAceptar"_s), Qt::LeftButton);
     }
     /// Previews the report; `act` has the viewer, which is closed afterwards.
-    void preview(std::function<void(FO_ViewReport&)> act) {
+    void preview(const std::function<void(FO_ViewReport&)>& act) {
         inWindow<QWidget>(u"frmSelRpt"_s, [this, act](QWidget& selection) {
             inWindow<FO_ViewReport>(u"FO_ViewReport"_s, [act](FO_ViewReport& viewer) {
                 act(viewer);
