@@ -369,4 +369,4 @@ TEST_P(ProgramTest, AMissingStyleFileIsOneWarning) {
     EXPECT_TRUE(told.front().text.contains(u"no.cjstyles"_s));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ProgramTest, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, ProgramTest, testing::ValuesIn(windowEngines), engineName);

@@ -64,6 +64,6 @@ TEST_P(DrillDownProcess, ADatabaseThatIsGoneIsARefusal) {
     expectSilence();
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, DrillDownProcess, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, DrillDownProcess, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace

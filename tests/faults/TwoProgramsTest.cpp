@@ -123,6 +123,6 @@ TEST_P(TwoPrograms, SavesOfDifferentSchemesDoNotDisturbEachOther) {
     EXPECT_EQ(states.storedRows(company), states.rows(2));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, TwoPrograms, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, TwoPrograms, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace dalvora::test

@@ -125,7 +125,7 @@ TEST_P(Withdrawn, ACompanyRemovedMeanwhileKeepsWhatIsOnScreen) {
     EXPECT_EQ(changedCells(), u"1"_s) << "the rights are the user's, not the company's";
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CompanyOnTheCommandLine, testing::ValuesIn(allEngines), engineName);
-INSTANTIATE_TEST_SUITE_P(Engines, Withdrawn, testing::ValuesIn(allEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, CompanyOnTheCommandLine, testing::ValuesIn(windowEngines), engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, Withdrawn, testing::ValuesIn(windowEngines), engineName);
 
 } // namespace dalvora::test
