@@ -5,6 +5,10 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
+#ifdef Q_OS_WIN
+    // The system would give lists and tables a font of its own, beside the one of the program's look.
+    QApplication::setDesktopSettingsAware(false);
+#endif
     QApplication application(argc, argv);
     dalvora::MessageBoxes messages;
     dalvora::installMessagePresenter(&messages);

@@ -41,6 +41,10 @@ void takeOwnScreen() {
 
 int main(int argc, char** argv) {
     takeOwnScreen();
+#ifdef Q_OS_WIN
+    // As in the program: one font, that of its look.
+    QApplication::setDesktopSettingsAware(false);
+#endif
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Spanish));
     QTranslator texts;

@@ -27,6 +27,10 @@ QPixmap pictureOfToolbars() {
 
 // Plays the main job in a company of its own and leaves pictures in the folder given as only argument.
 int main(int argc, char** argv) {
+#ifdef Q_OS_WIN
+    // As in the program: one font, that of its look.
+    QApplication::setDesktopSettingsAware(false);
+#endif
     QApplication application(argc, argv);
     if (application.arguments().size() != 2) {
         std::fprintf(stderr, "usage: dalvora_tour FOLDER\n");
