@@ -137,9 +137,9 @@ TEST_P(WithPresentLayout, CompaniesAreListedInTheirOrderAndNotAddedTwice) {
     EXPECT_EQ(errorOf([&] { administration.addCompany(u"003"_s, u" "_s); }).number(), ErrorInvalidCall);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, LayoutAndLock, testing::ValuesIn(dalvora::test::allEngines),
+INSTANTIATE_TEST_SUITE_P(Engines, LayoutAndLock, testing::ValuesIn(dalvora::test::catalogueEngines),
                          dalvora::test::engineName);
-INSTANTIATE_TEST_SUITE_P(Engines, WithPresentLayout, testing::ValuesIn(dalvora::test::allEngines),
+INSTANTIATE_TEST_SUITE_P(Engines, WithPresentLayout, testing::ValuesIn(dalvora::test::catalogueEngines),
                          dalvora::test::engineName);
 
 } // namespace

@@ -137,7 +137,7 @@ TEST_P(CheckOrder, AMissingTableSpoilsNoOtherCheck) {
     EXPECT_TRUE(desk.out.contains(u"bien  Perfil "));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, CheckOrder, testing::ValuesIn(dalvora::test::allEngines),
+INSTANTIATE_TEST_SUITE_P(Engines, CheckOrder, testing::ValuesIn(dalvora::test::catalogueEngines),
                          dalvora::test::engineName);
 
 TEST(EmbeddedCheck, ADamagedFileIsTold) {

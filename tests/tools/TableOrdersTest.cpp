@@ -152,7 +152,7 @@ TEST_P(TableOrders, ANewDatabaseAndAnUpgradedOneAreTheSame) {
     EXPECT_EQ(describe(desk), describe(fresh));
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, TableOrders, testing::ValuesIn(dalvora::test::allEngines),
+INSTANTIATE_TEST_SUITE_P(Engines, TableOrders, testing::ValuesIn(dalvora::test::catalogueEngines),
                          dalvora::test::engineName);
 
 TEST(EmbeddedTables, AFileThatIsNotThereYetIsMade) {
