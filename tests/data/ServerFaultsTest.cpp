@@ -200,5 +200,5 @@ TEST_P(ServerFaults, ASlowLinkIsAskedNoMoreThanNeeded) {
     EXPECT_LE(save, statements + 3);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ServerFaults, testing::Values(TestEngine::PostgreSql, TestEngine::OdbcPostgreSql),
-                         engineName);
+INSTANTIATE_TEST_SUITE_P(Engines, ServerFaults,
+                         testing::Values(TestEngine::PostgreSql, TestEngine::OdbcPostgreSql), engineName);
