@@ -1,21 +1,14 @@
 #include "tests/data/RecordFixture.h"
+#include "tests/support/ErrorOf.h"
 #include <array>
 
 using namespace dalvora;
 using namespace dalvora::test;
+using quorvane::test::errorOf;
 
 namespace {
 
 class RecordLines : public RecordTest {};
-
-int errorOf(const std::function<void()>& operation) {
-    try {
-        operation();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-}
 
 } // namespace
 

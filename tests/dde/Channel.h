@@ -4,6 +4,7 @@
 #include "platform/dde/Frame.h"
 #include "platform/dde/LocalRequestLink.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/QtPrinters.h"
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -45,15 +46,7 @@ inline bool until(const std::function<bool()>& condition) {
     return condition();
 }
 
-/// The number of the error that an operation raises, 0 for none.
-inline int errorOf(const std::function<void()>& operation) {
-    try {
-        operation();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-}
+using quorvane::test::errorOf;
 
 /// The answering end played byte by byte: answers whatever arrives with what it is told.
 class RawPeer {

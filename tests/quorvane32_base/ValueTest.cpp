@@ -1,5 +1,5 @@
 #include "platform/quorvane32/base/Value.h"
-#include "tests/quorvane32_base/ErrorOf.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/QtPrinters.h"
 #include <gtest/gtest.h>
 

@@ -1,9 +1,11 @@
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "tests/support/ErrorOf.h"
 #include <QStringList>
 #include <gtest/gtest.h>
 
 using namespace quorvane;
+using quorvane::test::errorOf;
 
 namespace {
 
@@ -58,15 +60,6 @@ struct ScriptedEngine final : Engine {
 class ConnectionTest : public ::testing::Test {
 protected:
     void SetUp() override { connection.open("any"); }
-
-    template<class Action> static int errorOf(Action action) {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-    }
 
     Script script;
     Connection connection{[this](const QString&) { return std::make_unique<ScriptedEngine>(script); }};

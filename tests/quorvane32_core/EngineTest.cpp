@@ -1,10 +1,12 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/TestDatabase.h"
 #include <gtest/gtest.h>
 
 using namespace quorvane;
 using namespace dalvora::test;
+using quorvane::test::errorOf;
 
 namespace {
 
@@ -28,14 +30,6 @@ protected:
         connection.open(database.connectString(100));
     }
 
-    template<class Action> static int errorOf(Action action) {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-    }
     QString one(const QString& sql) {
         const Recordset rows = connection.openRecordset(sql);
         return rows.eof() ? QStringLiteral("(none)") : rows.value(0).toText({});

@@ -2,6 +2,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/Connection.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/TestDatabase.h"
 #include <QThread>
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 using namespace quorvane;
 using namespace dalvora::test;
 using namespace Qt::StringLiterals;
+using quorvane::test::errorOf;
 
 namespace {
 
@@ -27,14 +29,6 @@ protected:
         server.open(TestDatabase::cluster().connectString(u"postgres"_s));
     }
 
-    template<class Action> static int errorOf(Action action) {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
-    }
     static QString one(Connection& asked, const QString& sql) {
         const Recordset rows = asked.openRecordset(sql);
         return rows.eof() ? u"(none)"_s : rows.value(0).toText({});

@@ -5,25 +5,18 @@
 #include "platform/quorvane32/core/odbc/OdbcServers.h"
 #include "platform/quorvane32/core/sqlserver/SqlServerDialect.h"
 #include "platform/quorvane32/core/sqlserver/SqlServerProduct.h"
+#include "tests/support/ErrorOf.h"
 #include <gtest/gtest.h>
 
 using namespace quorvane;
 using namespace Qt::StringLiterals;
 using odbc::OdbcAddress;
 using qtsql::ServerFault;
+using quorvane::test::errorOf;
 using sqlserver::SqlServerDialect;
 using sqlserver::SqlServerProduct;
 
 namespace {
-
-template<class Action> int errorOf(Action action) {
-    try {
-        action();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-}
 
 int refusal(const QString& command) {
     return errorOf([&] { SqlServerDialect(false).adaptCommand(command); });

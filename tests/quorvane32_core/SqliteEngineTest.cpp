@@ -1,6 +1,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/FailEngine.h"
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,6 +9,7 @@
 #include <thread>
 
 using namespace quorvane;
+using quorvane::test::errorOf;
 
 namespace {
 
@@ -25,15 +27,6 @@ protected:
 
     QString connectString(int timeout = 100) const {
         return QStringLiteral("Driver=sqlite;Database=%1;Timeout=%2").arg(path).arg(timeout);
-    }
-
-    template<class Action> static int errorOf(Action action) {
-        try {
-            action();
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.number();
-        }
     }
 
     QTemporaryDir folder;

@@ -3,6 +3,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/core/Connection.h"
 #include "platform/quorvane32/core/Recordset.h"
+#include "tests/support/ErrorOf.h"
 #include <QStringList>
 #include <functional>
 #include <vector>
@@ -39,15 +40,7 @@ inline quorvane::Recordset of(const QStringList& names, const std::vector<QStrin
     });
 }
 
-/// Number of the error that an action raises; 0 when it raises none.
-template<class Action> int errorOf(Action action) {
-    try {
-        action();
-        return 0;
-    } catch (const quorvane::RunTimeError& error) {
-        return error.number();
-    }
-}
+using quorvane::test::errorOf;
 
 /// Description of the error that an action raises; "" when it raises none.
 template<class Action> QString descriptionOf(Action action) {

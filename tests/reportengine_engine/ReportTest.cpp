@@ -1,6 +1,7 @@
 // A report as programs use it: sections, objects and formulas by number, properties by name, printing.
 #include "platform/reportengine/engine/Report.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/QtPrinters.h"
 #include <QFile>
 #include <QTemporaryDir>
@@ -9,6 +10,7 @@
 using namespace quorvane;
 using namespace quorvane::report;
 using namespace Qt::StringLiterals;
+using quorvane::test::errorOf;
 
 namespace {
 
@@ -56,16 +58,6 @@ Definition numbers() {
     details.objects[1].ownDecimals = true;
     definition.sections = {header, details};
     return definition;
-}
-
-/// The number of the error that an operation raises, 0 for none.
-template<class Operation> int errorOf(Operation operation) {
-    try {
-        operation();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 class ReportTest : public testing::Test {

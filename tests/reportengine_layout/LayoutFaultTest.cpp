@@ -1,5 +1,5 @@
-#include "tests/quorvane32_base/ErrorOf.h"
 #include "tests/reportengine_layout/LayoutFixture.h"
+#include "tests/support/ErrorOf.h"
 #include <QDir>
 #include <QTemporaryDir>
 

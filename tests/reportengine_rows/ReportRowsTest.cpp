@@ -1,5 +1,5 @@
 #include "platform/reportengine/rows/ReportRows.h"
-#include "tests/quorvane32_base/ErrorOf.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/ListRows.h"
 #include "tests/support/ReportParts.h"
 #include "tests/support/SmallDisk.h"
