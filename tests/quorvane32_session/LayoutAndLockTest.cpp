@@ -6,6 +6,8 @@
 #include "tests/quorvane32_session/SessionSupport.h"
 #include "tests/support/TestDatabase.h"
 #include <QFile>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -42,8 +44,8 @@ protected:
     }
     bool signIn(ErpSession& session) {
         bool cancel = false;
-        Connection connection;
-        session.Initialize(connection, {}, u"VELTRANO"_s, {}, u"001"_s, cancel);
+        programs.push_back(std::make_unique<Connection>());
+        session.Initialize(*programs.back(), {}, u"VELTRANO"_s, {}, u"001"_s, cancel);
         return !cancel;
     }
     QString refusal(const char16_t* text) {
@@ -56,6 +58,7 @@ protected:
     Administration administration{own};
     QDateTime now{QDate(2026, 3, 5), QTime(9, 30)};
     StoppedClock clock;
+    std::vector<std::unique_ptr<Connection>> programs; ///< one for each session that signed in
 };
 
 class WithPresentLayout : public LayoutAndLock {

@@ -21,7 +21,13 @@ QString size(qint64 bytes) {
 void checkRoom(HealthCheck& check, const QString& file) {
     constexpr qint64 leastRoom = 100LL * 1024 * 1024;
     const qint64 used = QFileInfo(file).size();
-    const qint64 room = QStorageInfo(QFileInfo(file).absolutePath()).bytesAvailable();
+    const QStorageInfo disk(QFileInfo(file).absolutePath());
+    if (!disk.isValid()) {
+        // A system without a list of its disks, as in a changed root.
+        check.good(u"Archivo de %1; no se sabe cuánto lugar libre tiene el disco"_s.arg(size(used)));
+        return;
+    }
+    const qint64 room = disk.bytesAvailable();
     const QString text = u"Archivo de %1; lugar libre en el disco: %2"_s.arg(size(used), size(room));
     // A long transaction can need as much again as the file has.
     if (room < qMax(leastRoom, used))

@@ -36,8 +36,9 @@ public:
     virtual void SetApplication(const ApplicationInfo& application) = 0;
     /// Any text that identifies the client machine.
     virtual void SetClientInfo(const QString& info) = 0;
-    /// Signs the user in to a company and opens the connection. `cancel` comes back true when the user gave
-    /// up. Errors of the profile and of the database leave it as RunTimeError.
+    /// Signs the user in to a company and opens the connection, which must outlive the session's use: the
+    /// session begins and ends what is read over it. `cancel` comes back true when the user gave up. Errors
+    /// of the profile and of the database leave it as RunTimeError.
     virtual void Initialize(Connection& connection, const QString& module, const QString& program,
                             const QString& version, const QString& company, bool& cancel) = 0;
     virtual QString CompanyName() const = 0;
