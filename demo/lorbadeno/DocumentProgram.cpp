@@ -1,16 +1,16 @@
 #include "demo/lorbadeno/DocumentProgram.h"
 #include "demo/lorbadeno/DocumentRequest.h"
+#include "platform/dde/SystemRequestAnswerer.h"
 
 namespace dalvora::lorbadeno {
 
 DocumentProgram::DocumentProgram(const QString& profileFolder)
-    : m_reader(profileFolder)
-    , m_window(m_regional)
-    , m_server(QStringLiteral("Emisión de Documentos|Lorbadeno"),
-               [this](const QString& command) { return show(command); }) {}
+    : m_reader(profileFolder), m_window(m_regional) {}
 
 bool DocumentProgram::start() {
-    if (!m_server.listen())
+    m_answerer = quorvane::makeRequestAnswerer(QStringLiteral("Emisión de Documentos|Lorbadeno"),
+                                               [this](const QString& command) { return show(command); });
+    if (!m_answerer->listen())
         return false;
     m_window.show();
     return true;

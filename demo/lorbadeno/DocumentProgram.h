@@ -2,7 +2,8 @@
 
 #include "demo/lorbadeno/DocumentReader.h"
 #include "demo/lorbadeno/DocumentWindow.h"
-#include "platform/dde/RequestServer.h"
+#include "platform/dde/RequestAnswerer.h"
+#include <memory>
 
 namespace dalvora::lorbadeno {
 
@@ -13,7 +14,8 @@ public:
     /// `profileFolder` holds quorvane.ini.
     explicit DocumentProgram(const QString& profileFolder);
 
-    /// Shows the window and begins to answer. False when another one answers already.
+    /// Shows the window and begins to answer. False when another one answers already. Error 429 when the
+    /// request channel cannot be loaded.
     bool start();
     DocumentWindow& window() { return m_window; }
 
@@ -23,7 +25,7 @@ private:
     quorvane::RegionalSettings m_regional;
     DocumentReader m_reader;
     DocumentWindow m_window;
-    quorvane::RequestServer m_server;
+    std::unique_ptr<quorvane::RequestAnswerer> m_answerer;
 };
 
 } // namespace dalvora::lorbadeno

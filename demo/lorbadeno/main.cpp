@@ -37,6 +37,17 @@ void takeOwnScreen() {
     std::fprintf(stderr, "Los documentos se ven por VNC en el puerto %d.\n", port);
 }
 
+bool answers(dalvora::lorbadeno::DocumentProgram& program) {
+    try {
+        if (program.start())
+            return true;
+        std::fputs("Lorbadeno ya está en ejecución, o no puede recibir requerimientos.\n", stderr);
+    } catch (const quorvane::RunTimeError& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -57,9 +68,7 @@ int main(int argc, char** argv) {
 
     dalvora::lorbadeno::DocumentProgram program(quorvane::Profile::defaultFolder());
     dress(program.window());
-    if (!program.start()) {
-        std::fputs("Lorbadeno ya está en ejecución, o no puede recibir requerimientos.\n", stderr);
+    if (!answers(program))
         return 1;
-    }
     return QApplication::exec();
 }

@@ -23,7 +23,7 @@ RequestServer::RequestServer(QString topic, Executor execute, QObject* parent)
     , m_lock(m_address) {}
 
 RequestServer::~RequestServer() {
-    close();
+    RequestServer::close();
 }
 
 bool RequestServer::listen() {

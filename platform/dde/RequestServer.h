@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/dde/ChannelLock.h"
+#include "platform/dde/RequestAnswerer.h"
 #include <QObject>
 #include <QString>
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -14,31 +14,17 @@ namespace quorvane {
 
 class ServedClient;
 
-/// What a program answers to a command.
-struct ChannelAnswer {
-    bool accepted = false;
-    /// Why it was refused, in Spanish; may be empty.
-    QString reason;
-};
-
-/// The answering end of a request channel: answers one topic of this user, on this machine only, and hands
-/// each command to a callback. Clients are served side by side, commands one after another. A client that
-/// says anything but the protocol is hung up on, and one that is silent for too long as well.
-class RequestServer : public QObject {
+/// The answering end over the local sockets of docs/request-channel.md. Clients are served side by side. One
+/// that says anything but the protocol is hung up on, and one that is silent for too long as well.
+class RequestServer final : public QObject, public RequestAnswerer {
     Q_OBJECT
 public:
-    using Executor = std::function<ChannelAnswer(const QString& command)>;
-
-    /// The topic is "application|topic". The callback should answer at once: the client waits, at most for
-    /// its time-out. A RunTimeError refuses the command with its description. Commands that arrive while it
-    /// runs wait, even if it lets events run. It must not destroy the server.
+    /// Commands that arrive while the callback runs wait.
     RequestServer(QString topic, Executor execute, QObject* parent = nullptr);
     ~RequestServer() override;
 
-    /// Begins to answer. False when a living process answers the topic already, when it is no topic, or when
-    /// no socket can be made.
-    bool listen();
-    void close();
+    bool listen() override;
+    void close() override;
     /// How long a client that connects from now on may say nothing; a minute when not set.
     void setLongestSilence(std::chrono::milliseconds silence) { m_longestSilence = silence; }
     /// Connected clients.

@@ -1,5 +1,5 @@
 #include "platform/dde/ServedClient.h"
-#include "platform/dde/RequestServer.h"
+#include "platform/dde/RequestAnswerer.h"
 #include <QLocalSocket>
 
 namespace quorvane {

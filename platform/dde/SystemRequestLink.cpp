@@ -1,13 +1,11 @@
 #include "platform/dde/SystemRequestLink.h"
-#include "platform/quorvane32/base/Module.h"
+#include "platform/dde/RequestChannelFactory.h"
 
 namespace quorvane {
 
 RequestLink& SystemRequestLink::link() {
     if (!m_link)
-        m_link = moduleFactory<RequestLinkFactory>(QStringLiteral("quorvane_dde_module"),
-                                                   QStringLiteral("el canal de requerimientos"))
-                     .makeLink();
+        m_link = requestChannel().makeLink();
     return *m_link;
 }
 

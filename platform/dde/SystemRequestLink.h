@@ -1,21 +1,12 @@
 #pragma once
 
 #include "platform/dde/RequestLink.h"
-#include <QtPlugin>
 #include <memory>
 
 namespace quorvane {
 
-/// What the module of the request channel offers.
-class RequestLinkFactory {
-public:
-    virtual ~RequestLinkFactory() = default;
-    virtual std::unique_ptr<RequestLink> makeLink() = 0;
-};
-
-/// The request channel of this system. It comes from a module that is loaded when the first request is made:
-/// most of a day's work makes none, and no start of the program waits for the network library under it.
-/// Besides the channel's own errors every call can raise 429, when the module cannot be loaded.
+/// The asking end of this system's request channel. Its module is loaded with the first call; besides the
+/// channel's own errors every call can raise 429, when the module cannot be loaded.
 class SystemRequestLink final : public RequestLink {
 public:
     void setLinkTimeout(int tenths) override { link().setLinkTimeout(tenths); }
@@ -31,6 +22,3 @@ private:
 };
 
 } // namespace quorvane
-
-#define QUORVANE_REQUEST_LINK_FACTORY "quorvane.RequestLinkFactory/1"
-Q_DECLARE_INTERFACE(quorvane::RequestLinkFactory, QUORVANE_REQUEST_LINK_FACTORY)
