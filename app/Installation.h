@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Program.h"
-#include "platform/help/ChmHelpSystem.h"
+#include "platform/help/SystemHelp.h"
 #include "platform/quorvane32/login/LoginWindow.h"
-#include "platform/quorvane32/lookup/StandardComponents.h"
+#include "platform/quorvane32/lookup/SystemComponents.h"
 #include <QTranslator>
 
 class QApplication;
@@ -25,8 +25,8 @@ private:
     quorvane::RegionalSettings m_regional;
     QTranslator m_buttons;
     quorvane::LoginWindowPrompt m_login{QStringLiteral("Veltrano")};
-    quorvane::StandardComponents m_components;
-    help::ChmHelpSystem m_help;
+    std::unique_ptr<quorvane::ComponentFactory> m_components;
+    std::unique_ptr<help::HelpSystem> m_help = help::systemHelp();
 };
 
 } // namespace dalvora
