@@ -22,6 +22,7 @@
 #include "reports/processing/MousePointer.h"
 #include "reports/processing/ReportProcessing.h"
 #include <QApplication>
+#include <QDir>
 #include <ranges>
 
 namespace dalvora {
@@ -122,7 +123,7 @@ void Program::findHelpFile() {
     QString& file = m_parts.application.helpFile;
     // Both separators mark a folder: the ERP's settings may come from either system.
     if (!file.contains(u'\\') && !file.contains(u'/'))
-        file = m_parts.application.path + u'/' + file;
+        file = m_parts.application.path + QDir::separator() + file;
 }
 
 bool Program::signIn(const QString& company) {

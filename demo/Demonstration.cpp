@@ -24,8 +24,9 @@ constexpr int waitStep = 50;
     if (disk.isValid() && disk.bytesAvailable() < oneBlock)
         throw quorvane::RunTimeError(
             quorvane::ErrorDiskFull,
-            QStringLiteral("No queda espacio en el disco para crear la base de datos en %1").arg(folder));
-    throw quorvane::RunTimeError(quorvane::ErrorPathAccess, text.arg(path));
+            QStringLiteral("No queda espacio en el disco para crear la base de datos en %1")
+                .arg(QDir::toNativeSeparators(folder)));
+    throw quorvane::RunTimeError(quorvane::ErrorPathAccess, text.arg(QDir::toNativeSeparators(path)));
 }
 
 /// The database under construction; what a killed start left is removed, and so is what an error leaves.

@@ -157,8 +157,9 @@ protected:
 TEST_P(ProgramTest, StartsSignedInWithAnEmptyRecord) {
     start(u"EMPRESA=01;USUARIO=x"_s);
     EXPECT_EQ(script.calls,
-              (QStringList{u"SetApplication "_s + folder.path() + u"/dalvora.chm"_s, u"SetClientInfo text"_s,
-                           u"Initialize DALVORA VELTRANO 7.13.12 [01]"_s, u"Audit 2 []"_s}));
+              (QStringList{u"SetApplication "_s + folder.path() + QDir::separator() + u"dalvora.chm"_s,
+                           u"SetClientInfo text"_s, u"Initialize DALVORA VELTRANO 7.13.12 [01]"_s,
+                           u"Audit 2 []"_s}));
     EXPECT_EQ(recorder.take(), std::vector<Message>());
     frmMain& form = program->form();
     EXPECT_TRUE(form.isVisible());

@@ -2,6 +2,7 @@
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/session/Profile.h"
 #include "tests/lorbadeno/DemonstrationHome.h"
+#include <QDir>
 #include <QFile>
 
 using namespace dalvora::lorbadeno;
@@ -80,7 +81,7 @@ TEST_F(Reader, AProfileThatIsNotThereIsToldWithItsFile) {
     EXPECT_EQ(refusal([&] {
                   nowhere.read({u"001"_s, u"F"_s, u"A"_s, u"1"_s});
               }),
-              u"No se encontró el perfil "_s + empty.filePath(u"quorvane.ini"_s));
+              u"No se encontró el perfil "_s + QDir::toNativeSeparators(empty.filePath(u"quorvane.ini"_s)));
 }
 
 TEST_F(Reader, ADatabaseWithoutLinesShowsTheRest) {

@@ -3,6 +3,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "platform/quorvane32/base/SpanishText.h"
 #include "platform/quorvane32/core/ConnectString.h"
+#include <QDir>
 
 namespace quorvane {
 
@@ -22,15 +23,17 @@ QString ownConnectString(const QString& connectString) {
     return options.toString();
 }
 
-QString databaseName(const QString& connectString) {
-    return ConnectString::parse(connectString).value(QStringLiteral("database"));
-}
-
 /// True for the embedded database, which is a file in a folder.
 bool isFile(const QString& connectString) {
     return ConnectString::parse(connectString)
                .value(QStringLiteral("driver"))
                .compare(u"sqlite", Qt::CaseInsensitive) == 0;
+}
+
+/// As messages name it.
+QString databaseName(const QString& connectString) {
+    const QString name = ConnectString::parse(connectString).value(QStringLiteral("database"));
+    return isFile(connectString) ? QDir::toNativeSeparators(name) : name;
 }
 
 /// The error with the name of the database that it is about.

@@ -149,7 +149,7 @@ QString Profile::defaultFolder() {
 }
 
 QString Profile::fileName(const QString& folder) {
-    return folder + QStringLiteral("/quorvane.ini");
+    return QDir::toNativeSeparators(folder + QStringLiteral("/quorvane.ini"));
 }
 
 bool Profile::exists(const QString& folder) {

@@ -1,5 +1,6 @@
 #include "platform/quorvane32/core/sqlite/SqliteHandle.h"
 #include "platform/quorvane32/base/RunTimeError.h"
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
@@ -77,7 +78,9 @@ void raiseLastError(sqlite3* database) {
 
 Handle open(const QString& path, Access access, int timeout) {
     if (access == Access::ReadWrite && !QFileInfo::exists(path))
-        throw RunTimeError(ErrorFileNotFound, QStringLiteral("No se encontró la base de datos %1").arg(path));
+        throw RunTimeError(
+            ErrorFileNotFound,
+            QStringLiteral("No se encontró la base de datos %1").arg(QDir::toNativeSeparators(path)));
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
                       (access == Access::Create ? SQLITE_OPEN_CREATE : 0);
     sqlite3* raw = nullptr;
