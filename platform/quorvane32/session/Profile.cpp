@@ -144,6 +144,10 @@ QString Profile::defaultFolder() {
     const QString home = qEnvironmentVariable("QUORVANE_HOME");
     if (!home.isEmpty())
         return QDir::cleanPath(home);
+    return usualFolder();
+}
+
+QString Profile::usualFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/quorvane");
 }

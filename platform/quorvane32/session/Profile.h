@@ -19,8 +19,10 @@ struct Profile {
     /// True when `user` signs in without a password.
     bool automatic = false;
 
-    /// QUORVANE_HOME when it is set, else the folder "quorvane" of the user's configuration folder.
+    /// QUORVANE_HOME when it is set, else the usual one.
     static QString defaultFolder();
+    /// The folder "quorvane" of the user's configuration folder.
+    static QString usualFolder();
     static QString fileName(const QString& folder);
     static bool exists(const QString& folder);
 
