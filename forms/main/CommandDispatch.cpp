@@ -6,6 +6,7 @@
 #include "forms/main/MainControls.h"
 #include "forms/main/RecordCommands.h"
 #include <QApplication>
+#include <QScopedValueRollback>
 
 namespace dalvora {
 
@@ -75,7 +76,12 @@ void CommandDispatch::timFocus_Timer() {
     dispatch(m_controls.timFocus->property("Tag").toString(), true);
 }
 
+bool CommandDispatch::isBusy() const {
+    return m_running || m_controls.timFocus->isActive();
+}
+
 void CommandDispatch::run(const QString& key) {
+    const QScopedValueRollback running(m_running, true);
     const auto action = m_actions.constFind(key.toLower());
     if (action == m_actions.constEnd())
         ShowMessage(QStringLiteral("Botón no implementado ") + key, MessageError);

@@ -24,6 +24,8 @@ public:
 
     void dispatch(const QString& key, bool Direct);
     void timFocus_Timer();
+    /// A command waits for its turn or runs.
+    bool isBusy() const;
 
 private:
     void run(const QString& key);
@@ -33,6 +35,7 @@ private:
     MainControls& m_controls;
     QPointer<QWidget> m_focusBefore;
     QHash<QString, std::function<void()>> m_actions;
+    bool m_running = false;
 };
 
 } // namespace dalvora

@@ -71,8 +71,15 @@ bool RecordCommands::readRecord(int Pos) {
         table.carga_inicio();
     showRecord();
     setKeyEnabled(false);
-    m_controls.grids()[static_cast<std::size_t>(m_controls.SSTab1->currentIndex())]->setFocus();
+    focusEntry();
     return true;
+}
+
+void RecordCommands::focusEntry() {
+    if (m_controls.TxtCodigo->isEnabled())
+        m_controls.TxtCodigo->setFocus();
+    else
+        m_controls.grids()[static_cast<std::size_t>(m_controls.SSTab1->currentIndex())]->setFocus();
 }
 
 /// A read that failed half way leaves what it has filled in so far; the grids must not show more than that.

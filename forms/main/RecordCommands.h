@@ -23,6 +23,8 @@ public:
     void refreshCommands();
     /// Header texts, period panel and the three grids from the record.
     void showRecord();
+    /// Moves the focus to where the next entry goes: the code, or the lines of a record that is loaded.
+    void focusEntry();
     /// Panel "PERIODO" from the record.
     void showPeriod();
 

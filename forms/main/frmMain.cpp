@@ -5,8 +5,10 @@
 #include "forms/FormServices.h"
 #include "forms/Twips.h"
 #include "forms/main/StatusPanels.h"
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScopeGuard>
 
 namespace dalvora {
 
@@ -156,6 +158,28 @@ void frmMain::takeClientsAway() {
         grid->setClient(nullptr);
 }
 
+void frmMain::comeToFront() {
+    setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    show();
+    raise();
+    activateWindow();
+    if (QWidget* question = QApplication::activeModalWidget()) {
+        question->raise();
+        question->activateWindow();
+    }
+}
+
+bool frmMain::isBusy() const {
+    return !isEnabled() || m_dispatch.isBusy() || m_record.isReading();
+}
+
+QWidget* frmMain::endEntry() {
+    commitEdits();
+    QWidget* const entry = focusWidget();
+    m_controls.txt_Focus->setFocus();
+    return entry;
+}
+
 void frmMain::bringUp() {
     if (!isVisible())
         show();
@@ -192,10 +216,17 @@ void frmMain::addRecordQuietly() {
 }
 
 void frmMain::openRecord(const QString& StrKeys, bool enabled) {
-    if (!enabled)
+    if (enabled) {
+        System_RecordOpen(StrKeys);
+        return;
+    }
+    {
+        const auto enable = qScopeGuard([this] { setEnabled(true); });
         setEnabled(false);
-    System_RecordOpen(StrKeys);
-    setEnabled(true);
+        System_RecordOpen(StrKeys);
+    }
+    // A form that is disabled has lost the focus, and could not take it where the read put it.
+    m_record.focusEntry();
 }
 
 void frmMain::setInitializing(bool initializing) {

@@ -38,6 +38,15 @@ public:
     /// Unloads without asking.
     void unload();
 
+    /// Restores and activates the window, with the one above it that waits for an answer.
+    void comeToFront();
+    /// A command waits or runs, or the form takes no input.
+    bool isBusy() const;
+    /// Ends an edit in progress, which stores its entry, and returns the control that had the focus.
+    QWidget* endEntry();
+    /// Whether replacing the record now would lose what has been entered.
+    bool wouldLoseEntry() const;
+
     // Entry points for the ERP that hosts the form.
     void System_RecordAdd();
     void System_RecordOpen(const QString& StrKeys);
@@ -60,8 +69,6 @@ private:
     void bringUp();
     void commitEdits();
     void takeClientsAway();
-    /// Whether closing now would lose what has been entered.
-    bool wouldLoseEntry() const;
     void Form_Resize();
     void keepLeastSize();
     void placeControls();
