@@ -41,6 +41,11 @@ Program::Program(ProgramParts parts) : m_parts(std::move(parts)) {
 
 Program::~Program() = default;
 
+bool Program::givesWay(const QString& company) {
+    m_gaveWay = m_parts.givesWay(company);
+    return m_gaveWay;
+}
+
 bool Program::Form_Initialize(const QString& commandLine) {
     m_form = std::make_unique<frmMain>(m_context, *this, m_parts.styleFile);
     connect(m_form.get(), &frmMain::unloaded, this, &Program::Form_Unload);
@@ -71,11 +76,14 @@ bool Program::initializeApplication(const QString& commandLine, bool ShowProgres
         m_context.AppTitle = messageTitle.toString();
         findHelpFile();
         m_form->setProperty("HelpContextID", mainHelpContext);
+        const QString company = ParseKeyValues(commandLine, QStringLiteral("EMPRESA"));
+        if (givesWay(company)) // before a window shows
+            return false;
         if (ShowProgress)
             showInitializing();
         m_context.Session = m_parts.makeSession();
         m_context.Connection = std::make_unique<quorvane::Connection>();
-        return signIn(ParseKeyValues(commandLine, QStringLiteral("EMPRESA"))) && openRecord(ShowProgress);
+        return signIn(company) && !givesWay(m_context.Session->CompanyCode()) && openRecord(ShowProgress);
     } catch (const quorvane::RunTimeError& error) {
         ShowRunTimeError(QStringLiteral("Error al iniciar aplicación"), error);
         return false;

@@ -31,6 +31,9 @@ struct ProgramParts {
     std::function<std::unique_ptr<quorvane::Session>()> makeSession;
     quorvane::ComponentFactory& components;
     help::HelpSystem& help;
+    /// Asked with each company that the start comes to know: true when this program is to end, since another
+    /// one is at work for that company and has come to the front.
+    std::function<bool(const QString& company)> givesWay = [](const QString&) { return false; };
 };
 
 /// The program from start to end: builds the session context, signs the user in, shows the main form with an
@@ -41,9 +44,11 @@ public:
     explicit Program(ProgramParts parts);
     ~Program() override;
 
-    /// The start-up sequence. False when the process is to end: the user gave up signing in, or a message has
-    /// said why.
+    /// The start-up sequence. False when the process is to end: the user gave up signing in, a message has
+    /// said why, or the program gave way to another.
     bool Form_Initialize(const QString& commandLine);
+    /// The start ended since the company's window was there already, and is in front now.
+    bool gaveWay() const { return m_gaveWay; }
     /// The shutdown sequence; asks nothing. True when it ran to its end without an error.
     bool Form_Unload();
 
@@ -67,6 +72,7 @@ Q_SIGNALS:
     void ended();
 
 private:
+    bool givesWay(const QString& company);
     bool initializeApplication(const QString& commandLine, bool ShowProgress);
     void showInitializing();
     /// Makes the record and shows it empty; false after a message of the record's.
@@ -85,6 +91,7 @@ private:
     std::unique_ptr<FM_Vendedor> m_salespeople;
     SystemPrinterDialog m_printers;
     bool m_unloading = false;
+    bool m_gaveWay = false;
 };
 
 } // namespace dalvora

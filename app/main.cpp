@@ -1,8 +1,27 @@
+#include "app/FirstInstance.h"
+#include "app/HostChannel.h"
+#include "app/HostRequests.h"
 #include "app/Installation.h"
 #include "app/Program.h"
 #include "forms/MessageBoxes.h"
 #include "forms/main/frmMain.h"
+#include "platform/quorvane32/session/Profile.h"
 #include <QApplication>
+
+namespace {
+
+/// The program at work, reachable for others, until it ends.
+int work(dalvora::Program& program, const QString& profileFolder) {
+    dalvora::HostRequests requests(program.form(), program.context());
+    dalvora::HostChannel channel([&requests](const QString& command) { return requests.execute(command); });
+    QObject::connect(&program, &dalvora::Program::ended, &channel, &dalvora::HostChannel::close);
+    const QString company = program.context().Session->CompanyCode();
+    channel.beginSoon(
+        {dalvora::startTopic(profileFolder, company), dalvora::hostTopic(profileFolder, company)});
+    return QApplication::exec();
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
 #ifdef Q_OS_WIN
@@ -13,13 +32,19 @@ int main(int argc, char** argv) {
     dalvora::MessageBoxes messages;
     dalvora::installMessagePresenter(&messages);
     dalvora::Installation installation(application);
+    const QString profileFolder = quorvane::Profile::defaultFolder();
+    dalvora::FirstInstance instance(profileFolder);
+    dalvora::ProgramParts parts = installation.parts();
+    parts.givesWay = [&instance](const QString& company) { return instance.givesWay(company); };
 
-    dalvora::Program program(installation.parts());
+    dalvora::Program program(std::move(parts));
     QObject::connect(&program, &dalvora::Program::ended, &application, &QApplication::quit,
                      Qt::QueuedConnection);
-    const QString commandLine = application.arguments().mid(1).join(u' ');
-    const bool running = program.Form_Initialize(commandLine);
-    const int result = running ? QApplication::exec() : 1;
+    int result = 1;
+    if (program.Form_Initialize(application.arguments().mid(1).join(u' ')))
+        result = work(program, profileFolder);
+    else if (program.gaveWay())
+        result = 0;
     dalvora::installMessagePresenter(nullptr);
     return result;
 }

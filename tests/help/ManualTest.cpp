@@ -131,6 +131,8 @@ constexpr const char16_t* ShownMessages[] = {
     u"Registro Eliminado",
     u"Registro no existe",
     u"¿ Seguro de leer otro registro perdiendo las modificaciones ingresadas ?",
+    u"¿ Seguro de iniciar otro registro perdiendo las modificaciones ingresadas ?",
+    u"Error al abrir registro",
     u"El informe quedó incompleto",
     u"Se detuvo la preparación del informe",
     u"El informe está incompleto",
