@@ -50,7 +50,8 @@ press alt+F4
 await_end
 
 say "on this machine"
-QUORVANE_HOME=$home "$native" EMPRESA=001 &
+mkdir -m 700 "$work/runtime"
+QUORVANE_HOME=$home XDG_RUNTIME_DIR=$work/runtime "$native" EMPRESA=001 &
 program_pid=$!
 await_window Veltrano
 wait_until "the company in the status bar" status_shows "$company"
