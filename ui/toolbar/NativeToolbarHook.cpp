@@ -39,7 +39,8 @@ bool NativeToolbarHook::intercept() {
     const auto callback = [this](quint32 message, MessageTime, quintptr, qintptr) { return handle(message); };
     return m_subclass.subclass(m_toolbar, callback) &&
            m_subclass.addMessage(message::Paint, MessageTime::Before) &&
-           m_subclass.addMessage(message::EraseBackground, MessageTime::Before);
+           m_subclass.addMessage(message::EraseBackground, MessageTime::Before) &&
+           m_subclass.addMessage(message::Size, MessageTime::After);
 }
 
 std::optional<qintptr> NativeToolbarHook::handle(quint32 message) {
@@ -48,6 +49,12 @@ std::optional<qintptr> NativeToolbarHook::handle(quint32 message) {
     if (message == message::Paint) {
         paint();
         return 0;
+    }
+    if (message == message::Size) {
+        // The background is stretched over the whole height, so every row of it looks different now; the
+        // toolbar would have only the new part painted.
+        m_windows.invalidate(m_toolbar);
+        return std::nullopt;
     }
     // Not zero: the background counts as erased.
     return 1;

@@ -12,6 +12,7 @@ using NativeHandle = quintptr;
 
 /// Messages of native windows and toolbars, by their numbers.
 namespace message {
+inline constexpr quint32 Size = 5;
 inline constexpr quint32 Paint = 15;
 inline constexpr quint32 EraseBackground = 20;
 inline constexpr quint32 GetFont = 49;

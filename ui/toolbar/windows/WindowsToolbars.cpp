@@ -1,6 +1,7 @@
 #include "ui/toolbar/windows/WindowsToolbars.h"
+#include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <cstring>
 
 #include <windows.h>
 
@@ -47,8 +48,30 @@ LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM
     return CallWindowProcW(previous, window, message, wParam, lParam);
 }
 
+/// Description of a picture of 32 bits a pixel, its rows from top to bottom.
+BITMAPINFO headerOf(QSize size) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof(info.bmiHeader);
+    info.bmiHeader.biWidth = size.width();
+    info.bmiHeader.biHeight = -size.height();
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
 WNDPROC procedureOf(HWND window) {
     return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+}
+
+int letterHeight(NativeHandle font) {
+    HDC context = CreateCompatibleDC(nullptr);
+    HGDIOBJ before = SelectObject(context, reinterpret_cast<HGDIOBJ>(font));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, before);
+    DeleteDC(context);
+    return std::max<int>(metrics.tmHeight - metrics.tmInternalLeading, 1);
 }
 
 class WindowsToolbars final : public NativeWindows {
@@ -188,10 +211,12 @@ QFont WindowsToolbars::font(NativeHandle font) const {
     if (GetObjectW(reinterpret_cast<HGDIOBJ>(font), sizeof(source), &source) == 0)
         return {};
     QFont result(QString::fromWCharArray(source.lfFaceName));
-    if (source.lfHeight != 0)
-        result.setPixelSize(std::abs(source.lfHeight));
-    if (source.lfWeight >= FW_BOLD)
-        result.setBold(true);
+    // A height above zero is that of a line; what the painter asks for is that of the letters alone.
+    if (source.lfHeight > 0)
+        result.setPixelSize(letterHeight(font));
+    else if (source.lfHeight < 0)
+        result.setPixelSize(-source.lfHeight);
+    result.setBold(source.lfWeight >= FW_BOLD);
     result.setItalic(source.lfItalic != 0);
     return result;
 }
@@ -213,13 +238,7 @@ void WindowsToolbars::paint(NativeHandle handle, const std::function<QImage()>& 
     if (IsWindow(window) == FALSE)
         return;
     if (!picture.isNull()) {
-        BITMAPINFO header{};
-        header.bmiHeader.biSize = sizeof(header.bmiHeader);
-        header.bmiHeader.biWidth = picture.width();
-        header.bmiHeader.biHeight = -picture.height(); // rows from top to bottom
-        header.bmiHeader.biPlanes = 1;
-        header.bmiHeader.biBitCount = 32;
-        header.bmiHeader.biCompression = BI_RGB;
+        const BITMAPINFO header = headerOf(picture.size());
         const auto width = static_cast<DWORD>(picture.width());
         const auto height = static_cast<DWORD>(picture.height());
         SetDIBitsToDevice(context, 0, 0, width, height, 0, 0, 0, height, picture.constBits(), &header,
