@@ -14,6 +14,8 @@ namespace {
 /// Name of the window property that holds an Interception.
 constexpr const wchar_t* propertyName = L"DalvoraToolbarInterception";
 
+constexpr UINT firstRegisteredMessage = 0xC000;
+
 /// Longest caption that is read, with its final NUL.
 constexpr std::size_t captionSize = 256;
 
@@ -22,6 +24,7 @@ constexpr std::size_t captionSize = 256;
 struct Interception {
     WNDPROC previous;
     WindowProcedure* procedure;
+    bool reached = false; ///< a probe has come through to here
 };
 
 HWND windowOf(NativeHandle handle) {
@@ -36,16 +39,46 @@ void forget(HWND window) {
     delete static_cast<Interception*>(RemovePropW(window, propertyName));
 }
 
+/// Message that is sent to find out who receives what a window is sent.
+UINT probeMessage() {
+    return RegisterWindowMessageW(L"DalvoraToolbarProbe");
+}
+
 LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const Interception* interception = interceptionOf(window);
+    Interception* interception = interceptionOf(window);
     if (interception == nullptr)
         return DefWindowProcW(window, message, wParam, lParam);
+    if (message >= firstRegisteredMessage && message == probeMessage()) {
+        interception->reached = true;
+        return 0;
+    }
     if (interception->procedure != nullptr)
         return interception->procedure->receive(message, wParam, lParam);
     const WNDPROC previous = interception->previous;
     if (message == WM_NCDESTROY)
         forget(window);
     return CallWindowProcW(previous, window, message, wParam, lParam);
+}
+
+WNDPROC procedureOf(HWND window) {
+    return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+}
+
+/// False when another program part has put the window's procedure back to one from before the interception.
+bool isReached(HWND window, Interception& interception) {
+    interception.reached = false;
+    SendMessageW(window, probeMessage(), 0, 0);
+    return interception.reached;
+}
+
+/// Sends the window's messages here; an error number of the system when it refuses.
+std::optional<quint32> install(HWND window, Interception& interception) {
+    interception.previous = procedureOf(window);
+    SetLastError(ERROR_SUCCESS);
+    const LONG_PTR previous =
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&receiveMessage));
+    const DWORD error = GetLastError();
+    return previous == 0 && error != ERROR_SUCCESS ? std::optional<quint32>(error) : std::nullopt;
 }
 
 /// Description of a picture of 32 bits a pixel, its rows from top to bottom.
@@ -60,8 +93,54 @@ BITMAPINFO headerOf(QSize size) {
     return info;
 }
 
-WNDPROC procedureOf(HWND window) {
-    return reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+/// Memory of the screen's kind with a picture in it that can be drawn on.
+class Canvas {
+public:
+    explicit Canvas(QSize size) : m_context(CreateCompatibleDC(nullptr)) {
+        BITMAPINFO info = headerOf(size);
+        m_bitmap = CreateDIBSection(m_context, &info, DIB_RGB_COLORS, &m_bits, nullptr, 0);
+        m_before = SelectObject(m_context, m_bitmap);
+    }
+    ~Canvas() {
+        SelectObject(m_context, m_before);
+        DeleteObject(m_bitmap);
+        DeleteDC(m_context);
+    }
+    Q_DISABLE_COPY_MOVE(Canvas)
+
+    HDC context() const { return m_context; }
+    /// The picture's pixels, rows of 32 bits from top to bottom; null when the system gave no memory.
+    void* pixels() const {
+        GdiFlush();
+        return m_bits;
+    }
+
+private:
+    HDC m_context;
+    HBITMAP m_bitmap = nullptr;
+    HGDIOBJ m_before = nullptr;
+    void* m_bits = nullptr;
+};
+
+/// Draws an image of a list over a picture of the list's size.
+bool drawImage(HIMAGELIST list, int index, QImage& picture) {
+    const Canvas canvas(picture.size());
+    const auto bytes = static_cast<std::size_t>(picture.sizeInBytes());
+    if (canvas.pixels() == nullptr)
+        return false;
+    std::memcpy(canvas.pixels(), picture.constBits(), bytes);
+    const bool drawn = ImageList_Draw(list, index, canvas.context(), 0, 0, ILD_TRANSPARENT) != FALSE;
+    std::memcpy(picture.bits(), canvas.pixels(), bytes);
+    return drawn;
+}
+
+/// A pixel with its transparency, from how it looks on black and on white.
+QRgb uncovered(QRgb onBlack, QRgb onWhite) {
+    const int seenThrough = std::max({qRed(onWhite) - qRed(onBlack), qGreen(onWhite) - qGreen(onBlack),
+                                      qBlue(onWhite) - qBlue(onBlack), 0});
+    const int cover = 255 - seenThrough;
+    return qRgba(std::min(qRed(onBlack), cover), std::min(qGreen(onBlack), cover),
+                 std::min(qBlue(onBlack), cover), cover);
 }
 
 int letterHeight(NativeHandle font) {
@@ -145,16 +224,12 @@ std::optional<quint32> WindowsToolbars::intercept(NativeHandle handle, WindowPro
     HWND window = windowOf(handle);
     if (Interception* kept = interceptionOf(window)) {
         kept->procedure = &procedure;
-        return std::nullopt;
+        return isReached(window, *kept) ? std::nullopt : install(window, *kept);
     }
-    auto interception = std::make_unique<Interception>(Interception{procedureOf(window), &procedure});
+    auto interception = std::make_unique<Interception>(Interception{nullptr, &procedure});
     if (SetPropW(window, propertyName, interception.get()) == FALSE)
         return GetLastError();
-    SetLastError(ERROR_SUCCESS);
-    const LONG_PTR previous =
-        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&receiveMessage));
-    const DWORD error = GetLastError();
-    if (previous == 0 && error != ERROR_SUCCESS) {
+    if (const auto error = install(window, *interception)) {
         RemovePropW(window, propertyName);
         return error;
     }
@@ -222,11 +297,24 @@ QFont WindowsToolbars::font(NativeHandle font) const {
 }
 
 QPixmap WindowsToolbars::image(NativeHandle imageList, int index) const {
-    HICON icon = ImageList_GetIcon(reinterpret_cast<HIMAGELIST>(imageList), index, ILD_TRANSPARENT);
-    if (icon == nullptr)
+    auto* list = reinterpret_cast<HIMAGELIST>(imageList);
+    const QSize size = iconSize(imageList);
+    if (index < 0 || index >= ImageList_GetImageCount(list) || size.isEmpty())
         return {};
-    const QImage image = QImage::fromHICON(icon);
-    DestroyIcon(icon);
+    // On black each pixel shows its colour as far as it covers, on white also what it lets through. That
+    // holds for masks and for every depth of transparency.
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    QImage onWhite = image;
+    onWhite.fill(Qt::white);
+    if (!drawImage(list, index, image) || !drawImage(list, index, onWhite))
+        return {};
+    for (int y = 0; y < size.height(); ++y) {
+        auto* black = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const auto* white = reinterpret_cast<const QRgb*>(onWhite.constScanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            black[x] = uncovered(black[x], white[x]);
+    }
     return QPixmap::fromImage(image);
 }
 
