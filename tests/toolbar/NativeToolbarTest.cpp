@@ -192,6 +192,19 @@ TEST_F(NativeToolbarTest, PaintingAndErasingAreDoneBeforeTheToolbar) {
     EXPECT_EQ(windows.windows[toolbar].paintings, 1);
 }
 
+TEST_F(NativeToolbarTest, ANewSizeHasTheWholeToolbarPainted) {
+    createToolbar();
+    take();
+    windows.deliver(toolbar, 5, 0, 0);
+    EXPECT_EQ(windows.windows[toolbar].invalidated, 0)
+        << "without a skin the toolbar knows itself what to paint";
+    skin->SetSkinPicture(mapPicture());
+    windows.windows[toolbar].invalidated = 0;
+    windows.windows[toolbar].answers[5] = 3;
+    EXPECT_EQ(windows.deliver(toolbar, 5, 0, 0), 3) << "the toolbar hears of it too";
+    EXPECT_EQ(windows.windows[toolbar].invalidated, 1);
+}
+
 TEST_F(NativeToolbarTest, ButtonsAndImagesAreThoseOfTheToolbar) {
     createToolbar();
     take();
