@@ -27,6 +27,9 @@ SkinStyle* SkinFramework::style() {
 
 void SkinFramework::applyWindow(QWidget& window) {
     window.setFont(uiFont());
+    // A program that leaves the desktop's settings alone would be of the toolkit's dark grey without a skin.
+    if (!m_values && !QApplication::desktopSettingsAware())
+        QApplication::setPalette(QColor(0xf0, 0xf0, 0xf0));
     if (!m_values || QApplication::style() == m_style)
         return;
     window.setPalette(paletteOf(*m_values));
