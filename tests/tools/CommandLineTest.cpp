@@ -88,7 +88,8 @@ TEST_F(CommandLineTest, WithoutAProfileTheMissingFileIsNamed) {
     QTextStream errorStream(&errors);
     AdminProgram program(outStream, errorStream, [] { return QString(); });
     EXPECT_EQ(program.run({u"usuarios"_s, u"--perfil"_s, empty.path()}), ExitFailure);
-    EXPECT_EQ(errors, u"Error: No se encontró el perfil %1 (53)\n"_s.arg(Profile::fileName(empty.path())));
+    EXPECT_EQ(errors,
+              u"Error: No se encontró el perfil %1 (53)\n"_s.arg(quorvane::Profile::fileName(empty.path())));
 }
 
 } // namespace
