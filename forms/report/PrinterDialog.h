@@ -26,7 +26,8 @@ public:
     virtual PrinterChoice show(QWidget* owner, int pages) = 0;
 };
 
-/// The system's own dialog. Without a printer it still offers to print into a file.
+/// The system's own dialog. Without a printer it still offers to print into a file, which becomes a PDF
+/// document.
 class SystemPrinterDialog final : public PrinterDialog {
 public:
     PrinterChoice show(QWidget* owner, int pages) override;
