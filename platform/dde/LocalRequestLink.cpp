@@ -4,56 +4,13 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QLocalSocket>
-#include <QTimer>
 
 namespace quorvane {
 
-namespace {
-
-constexpr std::chrono::milliseconds oneTenth(100);
-constexpr int usualTenths = 50;
-
-[[noreturn]] void raiseRefusal(const QString& reason) {
-    try {
-        raise(ErrorLinkRefused);
-    } catch (const RunTimeError& refusal) {
-        if (reason.isEmpty())
-            throw;
-        throw RunTimeError(refusal.number(), refusal.description() + QStringLiteral(": ") + reason);
-    }
-}
-
-} // namespace
-
-LocalRequestLink::LocalRequestLink() : m_timeout(usualTenths * oneTenth), m_patience(m_timeout) {}
+LocalRequestLink::LocalRequestLink() = default;
 
 LocalRequestLink::~LocalRequestLink() {
     close();
-}
-
-void LocalRequestLink::setLinkTimeout(int tenths) {
-    if (tenths < 0)
-        raise(ErrorInvalidCall);
-    m_timeout = tenths * oneTenth;
-    m_patience = m_timeout;
-}
-
-void LocalRequestLink::setLinkTopic(const QString& topic) {
-    close();
-    m_topic = topic;
-    m_patience = m_timeout;
-}
-
-void LocalRequestLink::setLinkMode(int mode) {
-    if (mode != LinkNone && mode != LinkManual)
-        raise(ErrorInvalidCall);
-    close();
-    if (mode == LinkManual)
-        openConversation();
-}
-
-int LocalRequestLink::linkMode() const {
-    return m_socket ? LinkManual : LinkNone;
 }
 
 void LocalRequestLink::close() {
@@ -64,41 +21,37 @@ void LocalRequestLink::close() {
     m_socket.reset();
 }
 
-void LocalRequestLink::openConversation() {
-    if (!isChannelTopic(m_topic))
-        raise(ErrorLinkTopic);
-    const QString address = channelAddress(m_topic);
+bool LocalRequestLink::connectTo(const QString& topic, Milliseconds longest) {
+    const QString address = channelAddress(topic);
     if (address.isEmpty())
         raise(ErrorLinkNoAnswer);
-    // A program that has used up its time is asked once more, shortly: it may be awake now.
-    const Milliseconds longest =
-        std::max<Milliseconds>(m_patience, std::min<Milliseconds>(m_timeout, oneTenth));
-    const QDeadlineTimer start(longest);
     std::optional<Frame> reply;
     try {
-        reply = initiate(address, longest);
+        reply = initiate(address, topic, longest);
     } catch (const RunTimeError&) {
         close();
         throw;
     }
-    m_patience = std::min(m_patience, std::chrono::floor<Milliseconds>(start.remainingTimeAsDuration()));
     if (reply && reply->kind == FrameKind::Accept)
-        return;
+        return true;
     close();
-    raise(reply ? ErrorLinkNoAnswer : ErrorLinkTimeout);
+    if (reply)
+        raise(ErrorLinkNoAnswer);
+    return false;
 }
 
-std::optional<Frame> LocalRequestLink::initiate(const QString& address, Milliseconds longest) {
+std::optional<Frame> LocalRequestLink::initiate(const QString& address, const QString& topic,
+                                                Milliseconds longest) {
     const QDeadlineTimer deadline(longest);
     m_socket = std::make_unique<QLocalSocket>();
     m_socket->setReadBufferSize(frameHeader + frameLongestText);
     m_socket->connectToServer(address);
-    wait(longest, [this] { return m_socket->state() != QLocalSocket::ConnectingState; });
+    waitForSocket(longest, [this] { return m_socket->state() != QLocalSocket::ConnectingState; });
     if (m_socket->state() == QLocalSocket::ConnectingState)
         return std::nullopt;
     if (m_socket->state() != QLocalSocket::ConnectedState)
         raise(ErrorLinkNoAnswer);
-    send({FrameKind::Initiate, m_topic});
+    write({FrameKind::Initiate, topic});
     try {
         return answer(std::chrono::ceil<Milliseconds>(deadline.remainingTimeAsDuration()));
     } catch (const RunTimeError& error) {
@@ -109,26 +62,15 @@ std::optional<Frame> LocalRequestLink::initiate(const QString& address, Millisec
     }
 }
 
-void LocalRequestLink::LinkExecute(const QString& command) {
-    if (!m_socket)
-        raise(ErrorLinkNotOpen);
-    std::optional<Frame> reply;
-    try {
-        send({FrameKind::Execute, command});
-        reply = answer(m_timeout);
-        if (!reply)
-            raise(ErrorLinkTimeout);
-    } catch (const RunTimeError& error) {
-        // What comes later would be taken for the answer to another command.
-        if (error.number() != ErrorInvalidCall)
-            close();
-        throw;
-    }
-    if (reply->kind == FrameKind::Refuse)
-        raiseRefusal(reply->text);
+std::optional<ChannelAnswer> LocalRequestLink::send(const QString& command, Milliseconds longest) {
+    write({FrameKind::Execute, command});
+    const auto reply = answer(longest);
+    if (!reply)
+        return std::nullopt;
+    return ChannelAnswer{reply->kind == FrameKind::Accept, reply->text};
 }
 
-void LocalRequestLink::send(const Frame& frame) {
+void LocalRequestLink::write(const Frame& frame) {
     const auto bytes = encodeFrame(frame);
     if (!bytes)
         raise(ErrorInvalidCall);
@@ -148,7 +90,7 @@ std::optional<Frame> LocalRequestLink::answer(Milliseconds longest) {
     // At once: a socket that is closed behind its answer drops what was not read.
     const QObject reading;
     QObject::connect(m_socket.get(), &QLocalSocket::readyRead, &reading, read);
-    const bool told = wait(longest, read);
+    const bool told = waitForSocket(longest, read);
     if (m_reader.damaged() || (frame && frame->kind != FrameKind::Accept && frame->kind != FrameKind::Refuse))
         raise(ErrorLinkFormat);
     if (told && !frame)
@@ -156,26 +98,13 @@ std::optional<Frame> LocalRequestLink::answer(Milliseconds longest) {
     return frame;
 }
 
-bool LocalRequestLink::wait(Milliseconds longest, const std::function<bool()>& condition) {
-    const QDeadlineTimer deadline(longest);
+bool LocalRequestLink::waitForSocket(Milliseconds longest, const std::function<bool()>& condition) {
     QEventLoop loop;
-    QTimer alarm;
-    alarm.setSingleShot(true);
-    alarm.setTimerType(Qt::PreciseTimer);
     const auto wake = [&loop] { loop.quit(); };
-    QObject::connect(&alarm, &QTimer::timeout, &loop, wake);
     QObject::connect(m_socket.get(), &QLocalSocket::stateChanged, &loop, wake);
     QObject::connect(m_socket.get(), &QLocalSocket::readyRead, &loop, wake);
     QObject::connect(m_socket.get(), &QLocalSocket::errorOccurred, &loop, wake);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        alarm.start(std::chrono::ceil<Milliseconds>(deadline.remainingTimeAsDuration()));
-        constexpr int applicationEnds = -1;
-        if (loop.exec(QEventLoop::ExcludeUserInputEvents) == applicationEnds)
-            return condition();
-    }
-    return true;
+    return wait(loop, longest, condition);
 }
 
 } // namespace quorvane
