@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-/// The module's door.
+/// The module's door: local sockets.
 class RequestChannelModule final : public QObject, public RequestChannelFactory {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QUORVANE_REQUEST_CHANNEL_FACTORY)

@@ -1,0 +1,24 @@
+#include "platform/dde/RequestChannelFactory.h"
+#include "platform/dde/windows/DdeAnswerer.h"
+#include "platform/dde/windows/DdeRequestLink.h"
+#include <QObject>
+
+namespace quorvane {
+
+/// The module's door: DDE.
+class RequestChannelModule final : public QObject, public RequestChannelFactory {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QUORVANE_REQUEST_CHANNEL_FACTORY)
+    Q_INTERFACES(quorvane::RequestChannelFactory)
+
+public:
+    std::unique_ptr<RequestLink> makeLink() override { return std::make_unique<DdeRequestLink>(); }
+    std::unique_ptr<RequestAnswerer> makeAnswerer(const QString& topic,
+                                                  RequestAnswerer::Executor execute) override {
+        return std::make_unique<DdeAnswerer>(topic, std::move(execute));
+    }
+};
+
+} // namespace quorvane
+
+#include "RequestChannelModule.moc"
