@@ -17,28 +17,26 @@ enum ShellResult : int {
 };
 
 QString nativePath(QString path) {
-#ifndef Q_OS_WIN
     path.replace(u'\\', u'/');
     if (path.startsWith(u"C:/", Qt::CaseInsensitive))
         path.remove(0, 2);
-#endif
     return path;
 }
 
-} // namespace
-
-QString ShellStarter::find(const QString& file) const {
+QString find(const QString& file, const QString& programFolder) {
     QString path = nativePath(file);
-    if (path.contains(u'/') || path.contains(u'\\'))
+    if (path.contains(u'/'))
         return path;
-    QString beside = m_programFolder + u'/' + path;
+    QString beside = programFolder + u'/' + path;
     if (QFileInfo::exists(beside))
         return beside;
     return QStandardPaths::findExecutable(path);
 }
 
+} // namespace
+
 int ShellStarter::open(const QString& file, const QString& workingFolder, int) {
-    const QFileInfo program(find(file));
+    const QFileInfo program(find(file, m_programFolder));
     if (!program.isFile())
         return program.filePath().isEmpty() || program.dir().exists() ? FileNotFound : FolderNotFound;
     if (!program.isExecutable())
