@@ -118,12 +118,22 @@ TEST(SqlServerErrors, ARefusedSignInIsTold) {
         ErrorCannotCreateObject);
 }
 
-TEST(OdbcAddress, FreeTdsIsTheUsualDriver) {
+TEST(OdbcAddress, TheUsualDriverIsThatOfTheSystem) {
+#ifdef Q_OS_WIN
+    EXPECT_TRUE(addressOf(u"Driver=sqlserver;Host=s"_s)
+                    .startsWith(u"DRIVER=ODBC Driver 18 for SQL Server;Server=s;"));
+#else
+    EXPECT_TRUE(addressOf(u"Driver=sqlserver;Host=s"_s).startsWith(u"DRIVER=FreeTDS;Server=s;"));
+#endif
+}
+
+TEST(OdbcAddress, FreeTdsHasItsOwnWords) {
     EXPECT_EQ(
-        addressOf(u"Driver=sqlserver;Host=servidor;Database=empresa;User=ana;Password=p"_s),
+        addressOf(
+            u"Driver=sqlserver;OdbcDriver=FreeTDS;Host=servidor;Database=empresa;User=ana;Password=p"_s),
         "DRIVER=FreeTDS;Server=servidor;TDS_Version=7.4;ClientCharset=UTF-8;Encryption=require;Timeout=300;"
         "Database=empresa;APP=quorvane32_core_test;UID=ana;PWD=p;");
-    EXPECT_EQ(addressOf(u"Host=s;Port=1500;Encrypt=N;StatementTimeout=0;Dsn=erp;"
+    EXPECT_EQ(addressOf(u"Host=s;Port=1500;Encrypt=N;StatementTimeout=0;OdbcDriver=FreeTDS;Dsn=erp;"
                         "OdbcOptions={TDS_Version=7.3;MARS_Connection=no;UID=otra}"_s),
               "DSN=erp;Server=s;Port=1500;TDS_Version=7.3;ClientCharset=UTF-8;Encryption=off;"
               "APP=quorvane32_core_test;mars_connection=no;");

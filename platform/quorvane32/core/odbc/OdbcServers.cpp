@@ -1,6 +1,7 @@
 #include "platform/quorvane32/core/odbc/OdbcServers.h"
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/core/odbc/OdbcAddress.h"
+#include "platform/quorvane32/core/odbc/UsualDrivers.h"
 #include "platform/quorvane32/core/postgres/PostgresProduct.h"
 #include "platform/quorvane32/core/postgres/PostgresSettings.h"
 #include "platform/quorvane32/core/sqlserver/SqlServerProduct.h"
@@ -59,7 +60,7 @@ void addVendors(OdbcAddress& address, const ConnectString& options) {
 } // namespace
 
 OdbcTransport::Address sqlServerAddress(const ConnectString& options) {
-    const QString driver = valueOf(options, "odbcdriver", "FreeTDS");
+    const QString driver = valueOf(options, "odbcdriver", usualSqlServerDriver);
     const bool vendors = driver.contains(QLatin1String("SQL Server"), Qt::CaseInsensitive) ||
                          driver.contains(QLatin1String("msodbcsql"), Qt::CaseInsensitive);
     const int timeout =
@@ -79,7 +80,7 @@ OdbcTransport::Address sqlServerAddress(const ConnectString& options) {
 
 OdbcTransport::Address postgresAddress(const ConnectString& options) {
     OdbcAddress address(OdbcAddress::Braces::Doubled);
-    addDriver(address, options, valueOf(options, "odbcdriver", "PostgreSQL Unicode"));
+    addDriver(address, options, valueOf(options, "odbcdriver", usualPostgresDriver));
     address.add(QStringLiteral("Servername"), valueOf(options, "host"));
     address.add(QStringLiteral("Port"), valueOf(options, "port"));
     address.add(QStringLiteral("Database"), valueOf(options, "database"));

@@ -125,6 +125,8 @@ RunTimeError PostgresProduct::statementError(const qtsql::ServerFaults& faults) 
 }
 
 RunTimeError PostgresProduct::connectError(const qtsql::ServerFaults& faults, const QString& place) const {
+    if (const auto error = qtsql::missingDriver(faults, place))
+        return *error;
     const QString said = qtsql::sentenceOf(faults.front().text);
     for (const Refusal& refusal : refusals)
         if (said.contains(QLatin1String(refusal.words), Qt::CaseInsensitive))

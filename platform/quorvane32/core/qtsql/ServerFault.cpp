@@ -66,6 +66,20 @@ RunTimeError unknownError(const QString& code, const QString& said) {
                         QStringLiteral("Error de la base de datos [%1: %2]").arg(code, said));
 }
 
+std::optional<RunTimeError> missingDriver(const ServerFaults& faults, const QString& place) {
+    // The managers of Linux and of Windows, in the languages that the users' machines speak.
+    static constexpr const char* words[] = {
+        "can't open lib", "data source name not found", "driver could not be loaded",
+        "no se encuentra el nombre del origen de datos", "controlador especificado no se"};
+    for (const ServerFault& fault : faults)
+        for (const char* word : words)
+            if (fault.text.contains(QLatin1String(word), Qt::CaseInsensitive))
+                return unreachableError(ErrorCannotCreateObject,
+                                        QStringLiteral("Falta el controlador ODBC que nombra el perfil:"),
+                                        place, sentenceOf(fault.text));
+    return std::nullopt;
+}
+
 RunTimeError unreachableError(int number, const QString& sentence, const QString& place,
                               const QString& said) {
     return RunTimeError(number, QStringLiteral("%1 %2 [%3]").arg(sentence, place, said));

@@ -3,6 +3,7 @@
 #include "platform/quorvane32/base/RunTimeError.h"
 #include <QByteArray>
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace quorvane::qtsql {
@@ -27,6 +28,9 @@ RunTimeError serverError(int number, const QString& said, const char* sentence =
 
 /// An error that has no number of its own: `code` is the server's.
 RunTimeError unknownError(const QString& code, const QString& said);
+
+/// Error 429 when it is the ODBC driver manager that tells that it has no such driver; else nothing.
+std::optional<RunTimeError> missingDriver(const ServerFaults& faults, const QString& place);
 
 /// Why a place could not be reached.
 RunTimeError unreachableError(int number, const QString& sentence, const QString& place, const QString& said);

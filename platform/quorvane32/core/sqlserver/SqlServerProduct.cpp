@@ -76,16 +76,15 @@ constexpr StateMapping states[] = {
 };
 
 struct Refusal {
-    int native; ///< 0 where only the words tell
+    int native;
     int number;
-    const char* words; ///< in the server's or the driver manager's own text, English or Spanish
+    const char* words; ///< in the server's own text, English or Spanish
     const char* sentence;
 };
 
 constexpr const char* refusedUser = "El servidor no acepta el usuario o la contraseña del perfil:";
 constexpr const char* expiredPassword = "La contraseña del perfil venció en el servidor:";
 constexpr const char* noDatabase = "El servidor no tiene la base de datos del perfil:";
-constexpr const char* noDriver = "Falta el controlador ODBC que nombra el perfil:";
 
 // A driver may keep several errors of a refused sign-in and tell the number of one only. A database that is
 // missing also refuses the user, so it comes first.
@@ -101,8 +100,6 @@ constexpr Refusal refusals[] = {
     {18452, ErrorLoginFailed, "untrusted domain", refusedUser},
     {18456, ErrorLoginFailed, "login failed", refusedUser},
     {18456, ErrorLoginFailed, "error de inicio de sesión", refusedUser},
-    {0, ErrorCannotCreateObject, "can't open lib", noDriver},
-    {0, ErrorCannotCreateObject, "data source name not found", noDriver},
 };
 
 QString sessionSettings(int lockTimeout) {
@@ -174,10 +171,12 @@ RunTimeError SqlServerProduct::statementError(const qtsql::ServerFaults& faults)
 }
 
 RunTimeError SqlServerProduct::connectError(const qtsql::ServerFaults& faults, const QString& place) const {
+    if (const auto error = qtsql::missingDriver(faults, place))
+        return *error;
     const QString said = qtsql::sentenceOf(faults.front().text);
     for (const Refusal& refusal : refusals)
         for (const qtsql::ServerFault& fault : faults)
-            if ((refusal.native && fault.number == refusal.native) ||
+            if (fault.number == refusal.native ||
                 fault.text.contains(QString::fromUtf8(refusal.words), Qt::CaseInsensitive))
                 return qtsql::unreachableError(refusal.number, QString::fromUtf8(refusal.sentence), place,
                                                said);
