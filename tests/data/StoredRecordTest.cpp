@@ -21,9 +21,6 @@ protected:
     }
 };
 
-/// What only a server does.
-class StoredOnServer : public StoredRecord {};
-
 } // namespace
 
 TEST_P(StoredRecord, AWholeSchemeComesBackAsItWasSaved) {
@@ -247,14 +244,4 @@ TEST_P(StoredRecord, TheConfigurationIsLoaded) {
     EXPECT_EQ(table.units(), (QStringList{u"CJ"_s, u"UN"_s}));
 }
 
-TEST_P(StoredOnServer, ATextThatItCannotHoldIsToldAndNothingIsStored) {
-    program.begin(u"C1"_s);
-    table.setTextValue(3, u"a"_s + QChar(0) + u"b"_s);
-    EXPECT_FALSE(table.DBWrite(true));
-    expectTold(
-        {{u"Error al grabar registro\n5 - La base de datos no guarda textos con el carácter nulo"_s, 16}});
-    EXPECT_EQ(stored(), QStringList());
-}
-
 INSTANTIATE_TEST_SUITE_P(Engines, StoredRecord, testing::ValuesIn(allEngines), engineName);
-INSTANTIATE_TEST_SUITE_P(Engines, StoredOnServer, testing::Values(TestEngine::PostgreSql), engineName);

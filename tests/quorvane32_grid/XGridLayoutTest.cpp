@@ -147,6 +147,7 @@ TEST_F(XGridLayout, TextAsksTheClientAndNamesCaptions) {
 TEST_F(XGridLayout, TextThatDoesNotFitShowsWholeInItsToolTip) {
     fill(1);
     const QString wide(200, u'w');
+    client->lines[0][1] = QStringLiteral("i");
     client->lines[0][3] = wide;
     const auto tipAt = [this](const QPoint& place) {
         QHelpEvent asked(QEvent::ToolTip, place, view->viewport()->mapToGlobal(place));

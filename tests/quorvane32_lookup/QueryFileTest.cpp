@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace quorvane;
 
@@ -167,12 +166,13 @@ TEST(QueryFileLoad, AFolderIsNoFile) {
 }
 
 TEST(QueryFileLoad, AnUnreadableFileIsError70) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the superuser reads every file";
     const QTemporaryDir folder;
     QFile file(folder.filePath("x.qry"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
     file.setPermissions({});
+    if (QFile(file.fileName()).open(QIODevice::ReadOnly))
+        GTEST_SKIP() << "the superuser reads every file";
     EXPECT_EQ(rows::errorOf([&] { (void)QueryFile::load(file.fileName()); }), ErrorPermissionDenied);
 }
 

@@ -2,7 +2,6 @@
 
 #include "tests/quorvane32_session/SessionSupport.h"
 #include "tests/support/FailEngine.h"
-#include "tests/tds/TdsServer.h"
 
 namespace {
 
@@ -27,8 +26,7 @@ protected:
                 QStringLiteral("CREATE TRIGGER stop BEFORE INSERT ON ses_auditoria WHEN NEW.Texto = 'dos' "
                                "BEGIN SELECT raise(ABORT, 'no'); END"));
         else if (GetParam() == TestEngine::TestSqlServer) // once, on demand
-            dalvora::test::TestDatabase::testServer().faults().failAt(QStringLiteral("'dos'"),
-                                                                      ErrorForeignKey);
+            dalvora::test::TestDatabase::failOnce(QStringLiteral("'dos'"), ErrorForeignKey);
         else
             folder.execute(
                 QStringLiteral("ALTER TABLE ses_auditoria ADD CONSTRAINT stop CHECK (Texto <> 'dos')"));

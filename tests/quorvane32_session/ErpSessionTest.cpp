@@ -173,36 +173,6 @@ TEST_P(AutomaticSignIn, ALockHeldByAnotherProgramDoesNotKeepTheProgramFromStarti
     EXPECT_EQ(session.Warning(), QString());
 }
 
-/// What an unprivileged program sees of a database that it may only read: "" when all is well, else what is
-/// not.
-QString readOnlyFault(const QString& folder) {
-    ErpSession session(folder, nullptr);
-    Connection connection;
-    bool cancel = false;
-    session.Initialize(connection, {}, QStringLiteral("VELTRANO"), {}, {}, cancel);
-    if (!session.Warning().contains(u"es de sólo lectura"))
-        return QStringLiteral("no warning");
-    if (session.AccessRights() != QStringLiteral("R-X-"))
-        return QStringLiteral("rights ") + session.AccessRights();
-    session.Audit(AuditRead, QStringLiteral("x"));
-    if (session.WaitingAuditEntries() != 1)
-        return QStringLiteral("audit entry not kept");
-    const Recordset rows = connection.openRecordset(QStringLiteral("SELECT count(*) FROM ses_empresa"));
-    return rows.value(0).toText({}) == u"2" ? QString() : QStringLiteral("nothing read");
-}
-
-TEST_P(SignInToAFile, AReadOnlyFileOpensForReadingAndSaysSo) {
-    folder.letOthers(SessionFolder::Files::Read, SessionFolder::Folder::Write);
-    EXPECT_EQ(asUnprivileged([&] { return readOnlyFault(folder.path()); }), QString());
-}
-
-TEST_P(SignInToAFile, AReadOnlyFolderIsToldClearly) {
-    folder.letOthers(SessionFolder::Files::Read, SessionFolder::Folder::Read);
-    const QString told = asUnprivileged([&] { return readOnlyFault(folder.path()); });
-    EXPECT_TRUE(told.startsWith(u"70 No se puede usar la base de datos ")) << qPrintable(told);
-    EXPECT_TRUE(told.contains(u"su carpeta es de sólo lectura")) << qPrintable(told);
-}
-
 TEST_P(ErpSessionTest, BeforeInitializeNothingIsAllowed) {
     EXPECT_EQ(session.AccessRights(), QStringLiteral("----"));
     EXPECT_EQ(session.CompanyCode(), QString());

@@ -4,8 +4,6 @@
 #include "platform/quorvane32/session/Passwords.h"
 #include "sql/Schema.h"
 #include <QFile>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace quorvane::test {
 
@@ -99,34 +97,6 @@ void SessionFolder::letOthers(Files files, Folder folder) const {
     QFile::setPermissions(database(), files == Files::Write ? read | write : read);
     QFile::setPermissions(profileFile(), read);
     QFile::setPermissions(path(), folder == Folder::Write ? read | enter | write : read | enter);
-}
-
-QString asUnprivileged(const std::function<QString()>& work) {
-    int ends[2];
-    EXPECT_EQ(pipe(ends), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        constexpr unsigned nobody = 65534;
-        QString result;
-        try {
-            if (geteuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
-                result = QStringLiteral("privileges kept");
-            else
-                result = work();
-        } catch (const RunTimeError& error) {
-            result = QString::number(error.number()) + u' ' + error.description();
-        }
-        const QByteArray text = result.toUtf8();
-        _exit(write(ends[1], text.constData(), static_cast<std::size_t>(text.size())) == text.size() ? 0 : 1);
-    }
-    close(ends[1]);
-    QFile file;
-    EXPECT_TRUE(file.open(ends[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
-    QString result = QString::fromUtf8(file.readAll());
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    return result;
 }
 
 WriteLock::WriteLock(const SessionFolder& folder) {

@@ -57,10 +57,6 @@ private:
     std::unique_ptr<TestDatabase> m_server;
 };
 
-/// Runs `work` in a process without the superuser's privileges and returns its text, "" for an empty one; an
-/// error that leaves it comes back as its description.
-QString asUnprivileged(const std::function<QString()>& work);
-
 /// Keeps everybody else from writing users and audit entries, as another program's long save would.
 class WriteLock {
 public:

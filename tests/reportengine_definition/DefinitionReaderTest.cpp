@@ -231,7 +231,7 @@ TEST_F(DefinitionReaderTest, AMissingFileIsError53AndAFolderToo) {
 
 TEST_F(DefinitionReaderTest, AFileThatMayNotBeReadIsError75) {
     const QString path = m_folder.write(u"cerrado"_s, smallDefinition());
-    ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::Permissions()));
+    QFile::setPermissions(path, QFileDevice::Permissions());
     if (QFile(path).open(QIODevice::ReadOnly))
         GTEST_SKIP() << "this user may read everything";
     const Outcome outcome = outcomeOf(path);

@@ -52,12 +52,12 @@ TEST_F(Process, AMissingDefinitionStopsItBeforeTheDatabaseIsAsked) {
 }
 
 TEST_F(Process, AnExtensionInAnyCaseIsRead) {
-    write(u"Lista.RPT"_s, DefinitionText{u"MAYUSCULAS"_s}.xml());
-    write(u"lista.Rpt"_s, DefinitionText{u"minusculas"_s}.xml());
+    write(u"Mayusculas.RPT"_s, DefinitionText{u"MAYUSCULAS"_s}.xml());
+    write(u"minusculas.Rpt"_s, DefinitionText{u"minusculas"_s}.xml());
     storeRows();
-    ASSERT_EQ(process(u"Lista"_s), 0);
+    ASSERT_EQ(process(u"Mayusculas"_s), 0);
     EXPECT_EQ(report().title(), u"MAYUSCULAS"_s);
-    ASSERT_EQ(process(u"lista"_s), 0);
+    ASSERT_EQ(process(u"minusculas"_s), 0);
     EXPECT_EQ(report().title(), u"minusculas"_s);
     define(u"Lista"_s, {u"LA DE SIEMPRE"_s});
     ASSERT_EQ(process(u"Lista"_s), 0);

@@ -354,6 +354,9 @@ TEST_P(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
 }
 
 TEST_P(StoredReport, TheProgramsOwnReportsReadTheSameOnEveryEngine) {
+#ifdef Q_OS_WIN
+    GTEST_SKIP() << "this system has one engine here, and nothing that reads a PDF file";
+#endif
     static QMap<QString, QByteArray> onTheFirstEngine;
     table.FechaIniFiltro = Date::fromYmd(1997, 7, 1);
     table.FechaFinFiltro = Date::fromYmd(1997, 9, 30);

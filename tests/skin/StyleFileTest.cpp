@@ -2,6 +2,7 @@
 
 #include "platform/quorvane32/base/RunTimeError.h"
 #include "tests/skin/StyleFiles.h"
+#include <QDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,11 +33,16 @@ int lineOf(const QByteArray& start) {
     return 0;
 }
 
+/// A path as messages show it.
+std::string shown(const QString& path) {
+    return QDir::toNativeSeparators(path).toStdString();
+}
+
 void expectDamaged(const QString& path, const std::string& reason) {
     const auto [number, text] = errorOf(path);
     EXPECT_EQ(number, quorvane::ErrorInvalidCall);
     EXPECT_THAT(text, testing::HasSubstr("El archivo de estilo"));
-    EXPECT_THAT(text, testing::HasSubstr(path.toStdString()));
+    EXPECT_THAT(text, testing::HasSubstr(shown(path)));
     EXPECT_THAT(text, testing::HasSubstr(reason));
     EXPECT_EQ(text.find('\n'), std::string::npos);
     EXPECT_LT(text.size(), 400U);
@@ -86,10 +92,10 @@ TEST(StyleFile, ReadsLinesOfAnySystem) {
 
 TEST(StyleFile, MissingFileIsError53WithItsPath) {
     const StyleFiles files;
-    const auto [number, text] = errorOf(files.folder() + u"/none.cjstyles"_s);
+    const QString path = files.folder() + u"/none.cjstyles"_s;
+    const auto [number, text] = errorOf(path);
     EXPECT_EQ(number, quorvane::ErrorFileNotFound);
-    EXPECT_EQ(text,
-              "No se encontró el archivo de estilo \"" + files.folder().toStdString() + "/none.cjstyles\"");
+    EXPECT_EQ(text, "No se encontró el archivo de estilo \"" + shown(path) + '"');
 }
 
 TEST(StyleFile, AFolderIsNoFile) {
@@ -100,7 +106,7 @@ TEST(StyleFile, AFolderIsNoFile) {
 TEST(StyleFile, AFileThatMayNotBeReadIsError75) {
     const StyleFiles files;
     const QString path = files.write(StyleFiles::shippedText());
-    ASSERT_TRUE(QFile::setPermissions(path, {}));
+    QFile::setPermissions(path, {});
     if (QFile(path).open(QIODevice::ReadOnly))
         GTEST_SKIP() << "this user may read everything";
     const auto [number, text] = errorOf(path);

@@ -204,12 +204,17 @@ TEST_P(MoveOrder, NobodyMovesACompanyOntoItself) {
         << qPrintable(source.errors);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, MoveOrder,
-                         testing::Values(Pair{TestEngine::Sqlite, TestEngine::PostgreSql},
-                                         Pair{TestEngine::PostgreSql, TestEngine::Sqlite},
-                                         Pair{TestEngine::Sqlite, TestEngine::Sqlite},
-                                         Pair{TestEngine::PostgreSql, TestEngine::PostgreSql},
-                                         Pair{TestEngine::Sqlite, TestEngine::OdbcPostgreSql}),
+std::vector<Pair> movesHere() {
+    std::vector<Pair> moves{{TestEngine::Sqlite, TestEngine::PostgreSql},
+                            {TestEngine::PostgreSql, TestEngine::Sqlite},
+                            {TestEngine::Sqlite, TestEngine::Sqlite},
+                            {TestEngine::PostgreSql, TestEngine::PostgreSql},
+                            {TestEngine::Sqlite, TestEngine::OdbcPostgreSql}};
+    std::erase_if(moves, [](const Pair& move) { return !isHere(move.first) || !isHere(move.second); });
+    return moves;
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, MoveOrder, testing::ValuesIn(movesHere()),
                          [](const testing::TestParamInfo<Pair>& engines) {
                              return dalvora::test::engineName({engines.param.first, 0}) + "To" +
                                     dalvora::test::engineName({engines.param.second, 0});
