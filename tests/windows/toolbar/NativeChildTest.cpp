@@ -35,6 +35,21 @@ TEST_F(NativeChild, IsPaintedInAWindowOfTheToolkit) {
     expectPainted(*bar);
 }
 
+// The toolkit counts in pixels of its own on a finer screen, the toolbar in the screen's.
+TEST_F(NativeChild, IsPaintedInTheScreensPixelsWhateverTheToolkitsAre) {
+    const qreal scale = window.devicePixelRatio();
+    RecordProperty("devicePixelRatio", std::to_string(scale));
+    RECT area{};
+    GetClientRect(bar->container(), &area);
+    EXPECT_NEAR(area.right, window.width() * scale, 1);
+    ASSERT_TRUE(take(*bar));
+    EXPECT_EQ(bar->shown().width(), 560);
+    expectPainted(*bar);
+    bar->pointAt(bar->rect(7).topRight() - QPoint(3, -3));
+    EXPECT_TRUE(bar->settleUntilHot(7));
+    expectPainted(*bar);
+}
+
 TEST_F(NativeChild, StaysPaintedWhenTheWindowIsRepaintedAndResized) {
     ASSERT_TRUE(take(*bar));
     window.repaint();
