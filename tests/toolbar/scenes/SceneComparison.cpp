@@ -9,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int tolerance = 3;
+constexpr int tolerance = 3; ///< pixels
+constexpr int roundings = 3; ///< of the three colours of a half transparent pixel
 
 QImage paintedBy(const Scene& scene, const ToolbarDescription& bar) {
     return ToolbarPainter(ToolbarSkin(scene.skin)).paint(bar, scene.images, QRect({}, bar.size));
@@ -110,7 +111,7 @@ bool SceneComparison::showsImage(const QImage& image, QPoint place) const {
             if (!m_scene.shown.valid(target))
                 return false;
             if (qAlpha(image.pixel(x, y)) != 0 &&
-                image.pixel(x, y) != (m_scene.shown.pixel(target) | 0xFF000000U))
+                distance(image.pixel(x, y), m_scene.shown.pixel(target)) > roundings)
                 return false;
         }
     return true;

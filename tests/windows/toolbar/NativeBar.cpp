@@ -38,6 +38,15 @@ QImage drawnIcon(int index, ImageListKind list, bool masked) {
     return image;
 }
 
+std::map<ImageListKind, std::vector<QImage>> drawnLists(Lists lists) {
+    std::map<ImageListKind, std::vector<QImage>> pictures;
+    for (const ImageListKind kind : {ImageListKind::Normal, ImageListKind::Hot, ImageListKind::Disabled})
+        if (kind == ImageListKind::Normal || lists != Lists::NormalOnly)
+            for (int i = 0; i < pictureCount; ++i)
+                pictures[kind].push_back(drawnIcon(i, kind, lists == Lists::AllMasked));
+    return pictures;
+}
+
 HBITMAP toBitmap(const QImage& image) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
@@ -52,8 +61,10 @@ HBITMAP toBitmap(const QImage& image) {
 }
 
 HIMAGELIST toImageList(const std::vector<QImage>& pictures, bool masked) {
+    const QSize size = pictures.front().size();
     HIMAGELIST list =
-        ImageList_Create(iconSide, iconSide, masked ? ILC_COLOR24 | ILC_MASK : ILC_COLOR32, pictureCount, 0);
+        ImageList_Create(size.width(), size.height(), masked ? ILC_COLOR24 | ILC_MASK : ILC_COLOR32,
+                         pictureCount, pictureCount);
     for (const QImage& picture : pictures) {
         QImage image = picture;
         if (masked) {
@@ -63,7 +74,7 @@ HIMAGELIST toImageList(const std::vector<QImage>& pictures, bool masked) {
             // A bitmap that knows of no transparency has nothing in its fourth byte.
             for (int y = 0; y < image.height(); ++y)
                 for (auto* pixel = reinterpret_cast<QRgb*>(image.scanLine(y));
-                     QRgb & value : std::span(pixel, iconSide))
+                     QRgb & value : std::span(pixel, static_cast<std::size_t>(image.width())))
                     value &= 0x00FFFFFFU;
         }
         HBITMAP bitmap = toBitmap(image);
@@ -123,8 +134,8 @@ void NativeBar::createContainer(QSize size) {
     m_ownsContainer = true;
 }
 
-void NativeBar::createLists(Lists lists) {
-    if (lists == Lists::None)
+void NativeBar::createLists(const BarOptions& options) {
+    if (options.lists == Lists::None)
         return;
     struct Place {
         ImageListKind kind;
@@ -133,13 +144,15 @@ void NativeBar::createLists(Lists lists) {
     constexpr std::array places{Place{ImageListKind::Normal, TB_SETIMAGELIST},
                                 Place{ImageListKind::Hot, TB_SETHOTIMAGELIST},
                                 Place{ImageListKind::Disabled, TB_SETDISABLEDIMAGELIST}};
+    const bool masked = options.lists == Lists::AllMasked;
+    m_images.pictures = options.pictures.empty() ? drawnLists(options.lists) : options.pictures;
+    m_iconSize = m_images.pictures[ImageListKind::Normal].front().size();
+    SendMessageW(m_toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(m_iconSize.width(), m_iconSize.height()));
     for (const Place& place : places) {
-        if (lists == Lists::NormalOnly && place.kind != ImageListKind::Normal)
+        const auto pictures = m_images.pictures.find(place.kind);
+        if (pictures == m_images.pictures.end())
             continue;
-        std::vector<QImage>& pictures = m_images.pictures[place.kind];
-        for (int i = 0; i < pictureCount; ++i)
-            pictures.push_back(drawnIcon(i, place.kind, lists == Lists::AllMasked));
-        HIMAGELIST list = m_lists.emplace_back(toImageList(pictures, lists == Lists::AllMasked));
+        HIMAGELIST list = m_lists.emplace_back(toImageList(pictures->second, masked));
         SendMessageW(m_toolbar, place.message, 0, reinterpret_cast<LPARAM>(list));
     }
 }
@@ -154,8 +167,7 @@ NativeBar::NativeBar(const BarOptions& options) : m_container(options.container)
                                 GetModuleHandleW(nullptr), nullptr);
     SendMessageW(m_toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageW(m_toolbar, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_DRAWDDARROWS);
-    SendMessageW(m_toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(iconSide, iconSide));
-    createLists(options.lists);
+    createLists(options);
     setFont(u"DejaVu Sans"_s, -12);
     SendMessageW(m_toolbar, TB_SETBUTTONWIDTH, 0,
                  MAKELPARAM(options.buttonSize.width(), options.buttonSize.width()));
@@ -283,7 +295,7 @@ ToolbarDescription NativeBar::description(bool textOnRight) const {
     RECT area{};
     GetWindowRect(m_toolbar, &area);
     bar.size = {area.right - area.left, area.bottom - area.top};
-    bar.iconSize = m_lists.empty() ? QSize() : QSize(iconSide, iconSide);
+    bar.iconSize = m_lists.empty() ? QSize() : m_iconSize;
     bar.font = m_painted;
     bar.textOnRight = textOnRight;
     POINT cursor{};

@@ -10,6 +10,7 @@
 
 namespace toolbar_test {
 
+/// Side of the images that are drawn here.
 inline constexpr int iconSide = 16;
 
 /// Command of the first button; the others follow.
@@ -26,6 +27,8 @@ struct BarOptions {
     QSize buttonSize{60, 44};
     const wchar_t* className = TOOLBARCLASSNAMEW;
     HWND container = nullptr; ///< else a window of its own
+    /// Pictures for the lists, all of one size; without them the test draws some.
+    std::map<ImageListKind, std::vector<QImage>> pictures = {};
 };
 
 /// A real toolbar in a real window. What is asked of it here goes by other messages than those that the
@@ -69,7 +72,8 @@ public:
 private:
     static LRESULT CALLBACK receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void createContainer(QSize size);
-    void createLists(Lists lists);
+    void createLists(const BarOptions& options);
+    QSize m_iconSize{iconSide, iconSide};
 
     HWND m_container = nullptr;
     HWND m_toolbar = nullptr;

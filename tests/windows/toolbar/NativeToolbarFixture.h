@@ -13,6 +13,9 @@ QString scenesFolder();
 /// The shipped skin with colours of captions that nobody confuses.
 QImage testSkin();
 
+/// The skin as it is shipped.
+QImage shippedSkin();
+
 /// Skins for real toolbars, failures recorded instead of shown.
 class NativeToolbarFixture : public testing::Test {
 protected:
@@ -25,7 +28,10 @@ protected:
     /// the code under test. With a name the scene is kept for the comparison with another system.
     void expectPainted(const NativeBar& bar, const QString& sceneName = {});
 
-    bool textOnRight = false; ///< what expectPainted expects; set by take
+    bool textOnRight = false;    ///< what expectPainted expects; set by take
+    QImage picture = testSkin(); ///< the skin that is taken and expected
+    int steps =
+        0; ///< of 255 by which a colour may be off: half transparent pixels are rounded by each in its way
     std::unique_ptr<NativeWindows> system;
     FailureRecorder recorder;
     cSubclassToolBar skin{recorder};
