@@ -73,7 +73,8 @@ ToolbarDescription barFrom(const QJsonObject& json) {
     bar.textOnRight = json[u"textOnRight"_s].toBool();
     bar.cursor = pointFrom(json[u"cursor"_s]);
     bar.menuOpen = json[u"menuOpen"_s].toBool();
-    for (const QJsonValue& button : json[u"buttons"_s].toArray())
+    const QJsonArray buttons = json[u"buttons"_s].toArray();
+    for (const auto& button : buttons)
         bar.buttons.push_back(buttonFrom(button.toObject()));
     return bar;
 }
