@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -79,7 +80,7 @@ private:
 class HelpRecorder final : public help::HelpSystem {
 public:
     void htmlHelp(const QString& file, int command, const QVariant& data) override {
-        calls << u"%1 %2 %3"_s.arg(file.section(u'/', -1)).arg(command).arg(data.toString());
+        calls << u"%1 %2 %3"_s.arg(QFileInfo(file).fileName()).arg(command).arg(data.toString());
     }
     QStringList calls;
 };
