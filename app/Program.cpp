@@ -203,7 +203,7 @@ void Program::printReport() {
 }
 
 void Program::show(quorvane::report::Report& report) {
-    const QString& folder = m_parts.application.path;
+    const QString folder = QDir::toNativeSeparators(m_parts.application.path);
     ShellStarter starter(folder);
     quorvane::SystemRequestLink link;
     const TopicSurroundings surroundings{starter, folder, MessageLoop(), [](int pointer) {
