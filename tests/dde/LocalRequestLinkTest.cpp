@@ -31,40 +31,10 @@ protected:
     LocalRequestLink link;
 };
 
-TEST_F(Link, NobodyThereIs282AtOnce) {
-    QElapsedTimer time;
-    time.start();
-    EXPECT_EQ(open(), 282);
-    EXPECT_LT(time.elapsed(), 1000);
-    EXPECT_EQ(link.linkMode(), LinkNone);
-}
-
 TEST_F(Link, ASocketFileThatADeadProgramLeftIs282) {
     QFile file(channelAddress(topic));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(open(), 282);
-}
-
-TEST_F(Link, CommandsReachTheApplicationAndItsAnswerComesBack) {
-    QStringList commands;
-    RequestServer server(topic, [&](const QString& command) {
-        commands << command;
-        return ChannelAnswer{command != u"mala"_s, u"no se entiende"_s};
-    });
-    ASSERT_TRUE(server.listen());
-    ASSERT_EQ(open(), 0);
-    EXPECT_EQ(link.linkMode(), LinkManual);
-    EXPECT_EQ(execute(u"EMPRESA=001;TIPOCTACTE=$TIPOCTACTE$"_s), 0);
-    EXPECT_EQ(execute(u"mala"_s), 285);
-    EXPECT_EQ(link.linkMode(), LinkManual);
-    EXPECT_EQ(execute(QString(60000, u'x')), 0);
-    EXPECT_EQ(execute(QString()), 0);
-    EXPECT_EQ(commands.size(), 4);
-    EXPECT_EQ(commands[0], u"EMPRESA=001;TIPOCTACTE=$TIPOCTACTE$"_s);
-    link.setLinkMode(LinkNone);
-    EXPECT_EQ(link.linkMode(), LinkNone);
-    EXPECT_EQ(execute(u"x"_s), 293);
-    EXPECT_TRUE(until([&] { return server.clients() == 0; }));
 }
 
 TEST_F(Link, ARefusalTellsWhy) {
@@ -78,39 +48,6 @@ TEST_F(Link, ARefusalTellsWhy) {
         EXPECT_EQ(error.description(),
                   u"La aplicación externa no realizó el método o la operación de DDE: No existe"_s);
     }
-}
-
-TEST_F(Link, ATopicIsFoundInAnyCase) {
-    RequestServer server(topic.toUpper(), [&](const QString&) { return ChannelAnswer{true, {}}; });
-    ASSERT_TRUE(server.listen());
-    EXPECT_EQ(open(), 0);
-}
-
-TEST_F(Link, AnotherTopicIsNotAnswered) {
-    RequestServer server(u"Otra|Cosa"_s, [&](const QString&) { return ChannelAnswer{true, {}}; });
-    ASSERT_TRUE(server.listen());
-    EXPECT_EQ(open(), 282);
-}
-
-TEST_F(Link, ATopicWithoutTwoPartsIs297) {
-    for (const QString& text : {u""_s, u"Lorbadeno"_s, u"Lorbadeno|"_s}) {
-        link.setLinkTopic(text);
-        EXPECT_EQ(open(), 297);
-    }
-}
-
-TEST_F(Link, OtherModesAndTimesAreInvalid) {
-    EXPECT_EQ(errorOf([this] { link.setLinkMode(1); }), 5);
-    EXPECT_EQ(errorOf([this] { link.setLinkMode(-1); }), 5);
-    EXPECT_EQ(errorOf([this] { link.setLinkTimeout(-1); }), 5);
-}
-
-TEST_F(Link, ATextThatNoMessageHoldsIsRefusedHereAndTheConversationGoesOn) {
-    RequestServer server(topic, [&](const QString&) { return ChannelAnswer{true, {}}; });
-    ASSERT_TRUE(server.listen());
-    ASSERT_EQ(open(), 0);
-    EXPECT_EQ(execute(QString(70000, u'x')), 5);
-    EXPECT_EQ(execute(u"x"_s), 0);
 }
 
 TEST_F(Link, ASilentApplicationCostsTheTimeOutAndEventsGoOn) {

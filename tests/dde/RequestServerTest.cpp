@@ -131,17 +131,6 @@ TEST_F(Server, ACommandThatLetsEventsRunIsNotInterrupted) {
     EXPECT_EQ(deepest, 1);
 }
 
-TEST_F(Server, AnErrorRefusesTheCommand) {
-    RequestServer failing(u"A|B"_s,
-                          [](const QString&) -> ChannelAnswer { quorvane::raise(ErrorTypeMismatch); });
-    ASSERT_TRUE(failing.listen());
-    LocalRequestLink link;
-    link.setLinkTopic(u"A|B"_s);
-    link.setLinkMode(LinkManual);
-    EXPECT_EQ(errorOf([&] { link.LinkExecute(u"x"_s); }), 285);
-    EXPECT_EQ(errorOf([&] { link.LinkExecute(u"x"_s); }), 285);
-}
-
 TEST_F(Server, AClientThatFetchesNoAnswerIsHungUpOn) {
     answer = {false, QString(30000, u'x')};
     ASSERT_TRUE(server.listen());

@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, StuckProgram, testing::Values("stuck"));
 class DeafProgram : public PrintTopicOverDde {};
 
 TEST_P(DeafProgram, NeverHangsThisOne) {
-    constexpr int longest = 5000 + 11 * 8000; // 20,000 yields on a busy machine
+    constexpr int longest = 5000 + 11 * 20000; // 20,000 yields on a busy machine
     install();
     QElapsedTimer time;
     time.start();
