@@ -40,11 +40,12 @@ QString hostTopic(const QString& profileFolder, const QString& company) {
 }
 
 QString startTopic(const QString& profileFolder, const QString& company) {
-    // A digest: a folder's name may be longer than a topic can be, and differ from another in case only.
+    // A digest: a folder's name may be longer than a topic can be, and differ from another in case only. The
+    // application is another one than the ERP's: a program answers one topic of each on Windows.
     constexpr int digits = 20;
     const QString place = sameFolder(profileFolder) + u'\n' + sameCompany(company) + u'\n' + desktopName();
     const QByteArray digest = QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return u"Dalvora|Inicio "_s + QString::fromLatin1(digest.left(digits));
+    return u"Dalvora Inicio|"_s + QString::fromLatin1(digest.left(digits));
 }
 
 FirstInstance::FirstInstance(QString profileFolder, std::chrono::milliseconds patience)
