@@ -73,7 +73,7 @@ HostCommand::Action actionOf(const QString& name) {
 QString recordKey(const QString& value) {
     quorvane::Value key;
     TextToValue(value, quorvane::Kind::String, key, 0, {});
-    const QString code = key.toText({});
+    QString code = key.toText({});
     if (code.isEmpty())
         refuse(u"El requerimiento no indica la clave del registro (CLAVE)"_s);
     // The record would cut it, and open what it was not asked for.
