@@ -27,7 +27,7 @@ private:
 
 /// The error of asking a topic's program for something, else to show itself; 0 when it accepted.
 inline int errorOfAsking(const QString& topic, const QString& command = QStringLiteral("ACCION=MOSTRAR")) {
-    constexpr int tenths = 5;
+    constexpr int tenths = 100;
     quorvane::SystemRequestLink link;
     link.setLinkTimeout(tenths);
     link.setLinkTopic(topic);

@@ -20,8 +20,9 @@ bool ChannelLock::acquire() {
     m_handle = descriptor;
     // Only for people and tools; a full disk takes nothing from the lock itself.
     const QByteArray process = QByteArray::number(static_cast<qint64>(::getpid())) + '\n';
-    [[maybe_unused]] const bool told =
-        ::ftruncate(descriptor, 0) == 0 && ::write(descriptor, process.constData(), process.size()) > 0;
+    // Cut behind what is written: to empty the file first would cost a start the freeing of its block.
+    [[maybe_unused]] const bool told = ::write(descriptor, process.constData(), process.size()) > 0 &&
+                                       ::ftruncate(descriptor, process.size()) == 0;
     return true;
 }
 
