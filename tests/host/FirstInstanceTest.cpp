@@ -90,7 +90,8 @@ TEST_F(FirstInstanceTest, ASilentFirstDelaysTheSecondOnlyOnce) {
 TEST_F(FirstInstanceTest, AFirstThatRefusesIsLeftAlone) {
     EXPECT_FALSE(first.givesWay(u"001"_s));
     answer(u"001"_s, false);
-    EXPECT_FALSE(impatient.givesWay(u"001"_s));
+    FirstInstance asking(folder.path(), 2s);
+    EXPECT_FALSE(asking.givesWay(u"001"_s));
     EXPECT_FALSE(commands.isEmpty());
 }
 
