@@ -31,9 +31,7 @@ export_report() {
     insert "$3"
     press Return
     wait_until "the file $2" is_exported "$2"
-    front "Visualiza Reportes" # Wine leaves no window in front after the system's own dialog
-    press alt+F4
-    await_no_window "Visualiza Reportes"
+    close_window "Visualiza Reportes" # which Wine does not put in front again after the system's own dialog
     await_window Veltrano
 }
 
