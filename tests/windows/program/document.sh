@@ -56,13 +56,12 @@ expect "the document program's process" "$before" "$(documents)"
 
 say "it hangs: the time-out is told, and the report goes on"
 front "Visualiza Reportes"
-sleep 2 # until Wine has told both programs which is in front; nothing shows when it has
 frozen=$before
 kill -STOP $frozen
 click "Visualiza Reportes" $first_line
 started=$(date +%s)
 limit=180 answer_message "Error al enviar requerimiento a aplicación externa Emisión de Documentos"
-say "told after $(($(date +%s) - started)) s"
+say "told after $(($(date +%s) - started)) s: $said"
 status_shows "página" || fail "the report's window does not answer any more"
 kill -CONT $frozen
 frozen=

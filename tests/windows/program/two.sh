@@ -86,14 +86,15 @@ expect "the percentage stored" 4.5 "$(stored)"
 expect "the rest of the scheme" "$whole" "$(rest)"
 
 # The save begins a tenth of a second after the key; each round ends the program at another moment of it.
-for moment in 0.1 0.15 0.2 0.25 0.3; do
+for moment in 0 0.02 0.04 0.06 0.08; do
     old=$(stored)
-    new=$(echo "$old + 0.25" | bc | sed 's/0*$//')
+    new=$(awk "BEGIN { print $old + 0.25 }")
     front_id "$first"
     read_scheme
     first_percentage
     enter "$(echo "$new" | tr . ,)"
-    press Return ctrl+g
+    press Return
+    xdotool key ctrl+g
     sleep "$moment"
     kill -9 "$first_pid"
     kept=$(stored)

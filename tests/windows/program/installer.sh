@@ -1,0 +1,37 @@
+#!/bin/bash
+# The installer: without a question and page by page; what it installs starts; what it leaves when it is gone.
+. "$(dirname "$0")/functions"
+
+"$root/packaging/windows/pack" "$build" >"$work/pack.log" || fail "packing: $(tail -n 5 "$work/pack.log")"
+installer=$(echo "$build"/packages/dalvora-*-windows-x64.exe)
+disk=$WINEPREFIX/drive_c
+folder="$disk/Archivos de programa/Comisión ñandú"
+menu="$disk/ProgramData/Microsoft/Windows/Start Menu/Programs/Quorvane"
+rm -rf "$folder" "$menu"
+
+say "without a question, into a folder with blanks and accents"
+start "$installer" /S "/D=C:\\Archivos de programa\\Comisión ñandú"
+await_end
+(cd "$tree" && find . -type f | sort) >"$work/packed"
+(cd "$folder" && find . -type f ! -name desinstalar.exe | sort) >"$work/installed"
+diff "$work/packed" "$work/installed" || fail "not all was installed"
+ls "$menu" >"$work/menu"
+picture installed
+
+say "the start menu's entry starts it with the demonstration company"
+start start.exe /wait /unix "$menu/Dalvora (empresa de demostración).lnk"
+await_window Veltrano
+wait_until "the company in the status bar" status_shows "$company"
+close_window Veltrano
+await_end
+
+say "removed without a question: the program is gone, the user's data stays"
+start "$folder/desinstalar.exe" /S
+await_end
+program_is_gone() { [ ! -e "$folder" ] && [ ! -e "$menu" ]; }
+wait_until "the end of the removal" program_is_gone
+[ -s "$home/quorvane.db" ] || fail "the user's data is gone"
+
+say "page by page"
+start "$installer"
+await_window "Instalación de Dalvora"
