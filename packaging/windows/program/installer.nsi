@@ -11,6 +11,7 @@ RequestExecutionLevel admin
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Dalvora"
 
 Name "${PRODUCT} ${VERSION}"
+BrandingText "Quorvane ERP"
 OutFile "${OUTPUT}"
 InstallDir "$PROGRAMFILES64\Quorvane\Dalvora"
 InstallDirRegKey HKLM "Software\Quorvane\Dalvora" "Carpeta"

@@ -2,7 +2,12 @@
 # The installer: without a question and page by page; what it installs starts; what it leaves when it is gone.
 . "$(dirname "$0")/functions"
 
-"$root/packaging/windows/pack" "$build" >"$work/pack.log" || fail "packing: $(tail -n 5 "$work/pack.log")"
+pack() {
+    "$root/packaging/windows/pack" "$build" >"$work/pack.log" 2>&1
+}
+
+say "packing"
+pack || fail "packing: $(tail -n 5 "$work/pack.log")"
 installer=$(echo "$build"/packages/dalvora-*-windows-x64.exe)
 disk=$WINEPREFIX/drive_c
 folder="$disk/Archivos de programa/Comisión ñandú"
@@ -10,7 +15,8 @@ menu="$disk/ProgramData/Microsoft/Windows/Start Menu/Programs/Quorvane"
 rm -rf "$folder" "$menu"
 
 say "without a question, into a folder with blanks and accents"
-start "$installer" /S "/D=C:\\Archivos de programa\\Comisión ñandú"
+# By the command interpreter, since the folder's name may not stand in quotation marks.
+start cmd /c "$(windows_path "$installer") /S /D=C:\\Archivos de programa\\Comisión ñandú"
 await_end
 (cd "$tree" && find . -type f | sort) >"$work/packed"
 (cd "$folder" && find . -type f ! -name desinstalar.exe | sort) >"$work/installed"
@@ -32,6 +38,33 @@ program_is_gone() { [ ! -e "$folder" ] && [ ! -e "$menu" ]; }
 wait_until "the end of the removal" program_is_gone
 [ -s "$home/quorvane.db" ] || fail "the user's data is gone"
 
-say "page by page"
+say "page by page, into the usual folder"
+title="Instalación de $(sed -n 's/^project(\(Dalvora\) VERSION \([0-9.]*\).*/\1 \2/p' "$root/CMakeLists.txt")"
+usual="$disk/Program Files/Quorvane/Dalvora"
+rm -rf "$usual"
 start "$installer"
-await_window "Instalación de Dalvora"
+await_window "$title"
+wait_until "the first page" reads "Bienvenido"
+picture page-1
+press Return
+wait_until "the folder's page" reads "lugar de"
+picture page-2
+press Return
+wait_until "the last page" reads "Finalizando"
+picture page-3
+press Return
+await_end
+[ -x "$usual/bin/dalvora.exe" ] || fail "nothing was installed"
+
+say "removed page by page"
+title="Desinstalación de ${title#Instalación de }"
+start "$usual/desinstalar.exe"
+await_window "$title"
+picture remove-1
+press Return
+wait_until "the removal" [ ! -e "$menu" ]
+wait_until "the removal's last page" reads "Finalizad"
+picture remove-2
+press Return
+await_no_window "$title"
+[ ! -e "$usual" ] || fail "left behind: $(ls "$usual")"

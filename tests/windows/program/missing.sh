@@ -28,3 +28,35 @@ press alt+F4
 await_end
 
 say "one definition less: the others are still there, and that one is not offered"
+own_copy "$work/un informe menos"
+rm "$program/bin/reportes/VELTRANO/DetalleCodigos.rpt"
+start_dalvora EMPRESA=001
+open_with "Selección de Reporte" ctrl+shift+p
+press Home Down
+wait_until "the next definition in the list" reads "ListaCodigos"
+press Escape
+await_no_window "Selección de Reporte"
+
+say "no module for requests: told at the click, and the report goes on"
+rm "$program/bin/quorvane/quorvane_dde_module.dll"
+open_with "Selección de Reporte" ctrl+shift+p
+press Tab
+enter "01/07/1997"
+press Tab
+enter "30/09/1997"
+press Return
+await_window "Visualiza Reportes"
+wait_until "the report's pages" status_shows "página"
+click "Visualiza Reportes" 380 264
+answer_message "quorvane_dde_module"
+say "$said"
+close_window "Visualiza Reportes"
+close_window Veltrano
+await_end
+
+say "no library of the toolkit: the system does not start the program"
+own_copy "$work/sin biblioteca"
+rm "$program/bin/Qt6Widgets.dll"
+start "$program/bin/dalvora.exe" EMPRESA=001
+await_end
+! wait "$program_pid" || fail "the program claims to have worked"
