@@ -27,18 +27,10 @@ await_no_window "Selección de Reporte"
 press alt+F4
 await_end
 
-say "one definition less: the others are still there, and that one is not offered"
-own_copy "$work/un informe menos"
-rm "$program/bin/reportes/VELTRANO/DetalleCodigos.rpt"
-start_dalvora EMPRESA=001
-open_with "Selección de Reporte" ctrl+shift+p
-press Home Down
-wait_until "the next definition in the list" reads "ListaCodigos"
-press Escape
-await_no_window "Selección de Reporte"
-
 say "no module for requests: told at the click, and the report goes on"
+own_copy "$work/sin requerimientos"
 rm "$program/bin/quorvane/quorvane_dde_module.dll"
+start_dalvora EMPRESA=001
 open_with "Selección de Reporte" ctrl+shift+p
 press Tab
 enter "01/07/1997"
