@@ -1,5 +1,6 @@
 // Tells what a company's database answers: dalvora_ask FILE SELECT. A line a row, a bar between values, dates
-// dd/mm/yyyy, numbers with a point. No other shell reads these files: their texts compare by the program's own rule.
+// dd/mm/yyyy, numbers with a point. No other shell reads these files: their texts compare by the program's
+// own rule.
 
 #include "platform/quorvane32/base/RegionalSettings.h"
 #include "platform/quorvane32/core/Connection.h"

@@ -5,19 +5,18 @@
 say "a first start makes the company"
 start_dalvora EMPRESA=001
 expect "the companies" '001,002' "$(sql 'select distinct Empresa from Comisiones order by Empresa' | paste -s -d ,)"
-picture main
-press alt+F4
+close_window Veltrano
 await_end
 
 say "lower case, another key beside it, no company but the key's"
 start_dalvora "empresa=001;usuario=x"
-press alt+F4
+close_window Veltrano
 await_end
 
 say "blanks, which part the line into arguments"
 company='Bebidas del Sur'
 start_dalvora "USUARIO=juan" "perez ;EMPRESA=002"
-press alt+F4
+close_window Veltrano
 await_end
 
 say "a user folder with blanks and accents"
@@ -26,11 +25,10 @@ mkdir -p "$home"
 company='Viento Norte'
 start_dalvora EMPRESA=001
 [ -f "$home/quorvane.db" ] || fail "nothing in $home"
-press alt+F4
+close_window Veltrano
 await_end
 
 say "a company that there is not"
 start "$program/bin/dalvora.exe" EMPRESA=999
-await_window "Quorvane ERP - Dalvora"
-picture unknown
-copied
+answer_message "La empresa «999» no existe o no está en el perfil."
+await_end

@@ -97,6 +97,7 @@ for moment in 0 0.02 0.04 0.06 0.08; do
     xdotool key ctrl+g
     sleep "$moment"
     kill -9 "$first_pid"
+    wait "$first_pid" 2>/dev/null || true
     kept=$(stored)
     say "ended $moment s after the key: $old to $new, stored is $kept"
     [ "$kept" = "$old" ] || [ "$kept" = "$new" ] || fail "the line is neither old nor new"
