@@ -22,6 +22,11 @@ documents() {
     wine_process Lorbadeno.Exe
 }
 
+# The id of the window, whatever document it shows.
+document_window() {
+    windows | sed -n 's/^\([0-9]*\) .* - Emisión de Documentos$/\1/p' | grep .
+}
+
 no_documents() {
     [ -z "$(documents)" ]
 }
@@ -67,7 +72,9 @@ kill -CONT $frozen
 frozen=
 
 say "it was closed: the next click starts another"
-close_window "$(windows | sed -n 's/^[0-9]* \(.* - Emisión de Documentos\)$/\1/p')"
+wait_until "the document program's window" document_window
+front_id "$(document_window)"
+press alt+F4
 wait_until "the end of the document program" no_documents
 front "Visualiza Reportes"
 click "Visualiza Reportes" $second_line
