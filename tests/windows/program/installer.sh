@@ -68,3 +68,4 @@ picture remove-2
 press Return
 await_no_window "$title"
 [ ! -e "$usual" ] || fail "left behind: $(ls "$usual")"
+[ -s "$home/quorvane.db" ] || fail "the user's data is gone"
