@@ -99,7 +99,7 @@ void DemoWindow::buildHeader(QWidget* page) {
     list->setGeometry(538, 78, 110, 23);
     auto* check = new QCheckBox(u"Porcentajes Acumulables"_s, frame);
     check->setChecked(true);
-    check->setGeometry(664, 18, 160, 23);
+    check->setGeometry(664, 18, 170, 23);
     auto* one = new QRadioButton(u"Con todos los datos"_s, frame);
     one->setChecked(true);
     one->setGeometry(664, 48, 160, 23);
