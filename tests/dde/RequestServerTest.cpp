@@ -73,13 +73,6 @@ TEST_F(Server, ASecondOneDoesNotTakeTheTopicAway) {
     EXPECT_TRUE(next.listen());
 }
 
-TEST_F(Server, IsOfThisUserOnly) {
-    ASSERT_TRUE(server.listen());
-    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-    EXPECT_EQ(QFile::permissions(channelAddress(topic)) & others, QFile::Permissions());
-    EXPECT_EQ(QFile::permissions(channelAddress(topic) + u".lock"_s) & others, QFile::Permissions());
-}
-
 TEST_F(Server, CommandsWaitForTheirTopic) {
     ASSERT_TRUE(server.listen());
     const auto socket = connectRaw();

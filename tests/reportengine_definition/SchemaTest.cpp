@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 QStringList validFiles(const QStringList& paths) {
     QProcess xmllint;
     xmllint.setProcessChannelMode(QProcess::MergedChannels);
-    xmllint.start(QStringLiteral(XMLLINT),
+    xmllint.start(QStringLiteral("xmllint"),
                   QStringList{u"--noout"_s, u"--nonet"_s, u"--schema"_s, QStringLiteral(REPORT_SCHEMA)} +
                       paths);
     EXPECT_TRUE(xmllint.waitForFinished(60'000));
