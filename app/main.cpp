@@ -3,6 +3,7 @@
 #include "app/HostRequests.h"
 #include "app/Installation.h"
 #include "app/Program.h"
+#include "app/ProgramCommandLine.h"
 #include "forms/MessageBoxes.h"
 #include "forms/main/frmMain.h"
 #include "platform/quorvane32/session/Profile.h"
@@ -41,7 +42,7 @@ int main(int argc, char** argv) {
     QObject::connect(&program, &dalvora::Program::ended, &application, &QApplication::quit,
                      Qt::QueuedConnection);
     int result = 1;
-    if (program.Form_Initialize(application.arguments().mid(1).join(u' ')))
+    if (program.Form_Initialize(dalvora::programCommandLine()))
         result = work(program, profileFolder);
     else if (program.gaveWay())
         result = 0;
