@@ -23,6 +23,7 @@
 #include "reports/processing/ReportProcessing.h"
 #include <QApplication>
 #include <QDir>
+#include <QScopeGuard>
 #include <ranges>
 
 namespace dalvora {
@@ -179,10 +180,14 @@ ComponentServices Program::services() const {
 
 bool Program::QueryLookup(const QString& queryName, const QString& queryFile, const QString& parameters,
                           QStringList& values) {
+    m_form->setAsking(true);
+    const auto answered = qScopeGuard([this] { m_form->setAsking(false); });
     return dalvora::QueryLookup(services(), queryName, queryFile, parameters, values);
 }
 
 void Program::ShowAbout(const QString& title, const QString& description) {
+    m_form->setAsking(true);
+    const auto answered = qScopeGuard([this] { m_form->setAsking(false); });
     dalvora::ShowAbout(services(), title, description);
 }
 

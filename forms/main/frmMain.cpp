@@ -170,7 +170,7 @@ void frmMain::comeToFront() {
 }
 
 bool frmMain::isBusy() const {
-    return !isEnabled() || m_dispatch.isBusy() || m_record.isReading();
+    return m_asking || !isEnabled() || m_dispatch.isBusy() || m_record.isReading();
 }
 
 QWidget* frmMain::endEntry() {

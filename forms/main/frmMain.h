@@ -40,8 +40,10 @@ public:
 
     /// Restores and activates the window, with the one above it that waits for an answer.
     void comeToFront();
-    /// A command waits or runs, or the form takes no input.
+    /// A command waits or runs, the user is asked something, or the form takes no input.
     bool isBusy() const;
+    /// Set while a component asks the user: its window may be none that the toolkit knows of.
+    void setAsking(bool asking) { m_asking = asking; }
     /// Ends an edit in progress, which stores its entry, and returns the control that had the focus.
     QWidget* endEntry();
     /// Whether replacing the record now would lose what has been entered.
@@ -90,6 +92,7 @@ private:
     HeaderBinding m_header;
     QSize m_leastSize;
     bool m_initializing = false;
+    bool m_asking = false;
     bool m_unloading = false;
 };
 

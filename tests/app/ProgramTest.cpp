@@ -358,4 +358,19 @@ TEST_P(ProgramTest, AMissingStyleFileIsOneWarning) {
     EXPECT_TRUE(told.front().text.contains(u"no.cjstyles"_s));
 }
 
+TEST_P(ProgramTest, TheFormIsBusyWhileAComponentAsks) {
+    start(u"EMPRESA=01"_s);
+    int busy = 0;
+    components.show = [&] {
+        busy += program->form().isBusy() ? 1 : 0;
+        return QString();
+    };
+    QStringList values;
+    program->QueryLookup(u"CodigosComision"_s, u"DALVORA.qry"_s, u"01"_s, values);
+    EXPECT_FALSE(program->form().isBusy());
+    program->ShowAbout(u"Veltrano"_s, u"Dalvora"_s);
+    EXPECT_FALSE(program->form().isBusy());
+    EXPECT_EQ(busy, 2);
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, ProgramTest, testing::ValuesIn(windowEngines), engineName);
