@@ -62,6 +62,8 @@ public:
     std::optional<quint32> intercept(NativeHandle window, WindowProcedure& procedure) override {
         if (!refusal)
             windows.at(window).procedure = &procedure;
+        if (onIntercept)
+            onIntercept();
         return refusal;
     }
     void release(NativeHandle window) override { windows.at(window).procedure = nullptr; }
@@ -108,6 +110,7 @@ public:
     }
 
     std::map<NativeHandle, Window> windows;
+    std::function<void()> onIntercept; ///< happens before an interception is over
     std::optional<quint32> refusal;
     QSize size{200, 40};
     QPoint cursor{-100, -100};

@@ -50,6 +50,21 @@ TEST_F(WindowSubclassTest, ListedMessagesReachTheCallbackBeforeOrAfterThePreviou
               (std::vector<FakeWindows::Sent>{{15, 1, 2}, {20, 3, 4}, {30, 5, 6}}));
 }
 
+TEST_F(WindowSubclassTest, AMessageThatComesWhileTheWindowIsTakenGoesOn) {
+    qintptr result = 0;
+    windows.windows[window].answers = {{30, 300}};
+    windows.onIntercept = [&] { result = windows.deliver(window, 30, 5, 6); };
+    EXPECT_TRUE(subclass.subclass(window, callback()));
+    EXPECT_EQ(result, 300);
+}
+
+TEST_F(WindowSubclassTest, AWindowThatEndsWhileItIsTakenIsTakenNoMore) {
+    windows.onIntercept = [&] { windows.deliver(window, message::WindowDestroyed, 0, 0); };
+    subclass.subclass(window, callback());
+    EXPECT_EQ(subclass.window(), 0U);
+    EXPECT_FALSE(subclass.addMessage(15, MessageTime::Before));
+}
+
 TEST_F(WindowSubclassTest, AnAnswerBeforeKeepsTheMessageFromThePreviousProcedure) {
     subclass.subclass(window, callback());
     subclass.addMessage(15, MessageTime::Before);

@@ -21,12 +21,16 @@ bool WindowSubclass::subclass(NativeHandle window, MessageCallback callback) {
     if (!callback)
         return fail(routine, callbackMissingText());
     unsubclass();
-    if (const auto error = m_windows.intercept(window, *this))
-        return fail(routine, setWindowLongText(*error));
+    // Messages may come before the call returns.
     m_window = window;
     m_callback = std::move(callback);
     m_active = std::make_shared<bool>(true);
-    return true;
+    const auto error = m_windows.intercept(window, *this);
+    if (!error)
+        return true;
+    m_window = 0;
+    *m_active = false;
+    return fail(routine, setWindowLongText(*error));
 }
 
 void WindowSubclass::unsubclass() {
