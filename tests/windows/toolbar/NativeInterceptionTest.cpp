@@ -24,11 +24,20 @@ WNDPROC replaceProcedure(HWND window, WNDPROC procedure) {
 
 /// The procedure below one that another part of a program has laid over the toolbar.
 WNDPROC belowForeign = nullptr;
+/// The window still had what the interception keeps with it when it had received its last message.
+bool keptToTheEnd = false;
+
+bool keepsInterception(HWND window) {
+    return GetPropW(window, L"DalvoraToolbarInterception") != nullptr;
+}
 
 LRESULT CALLBACK foreignProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == probe)
         return probeAnswer;
-    return CallWindowProcW(belowForeign, window, message, wParam, lParam);
+    const LRESULT result = CallWindowProcW(belowForeign, window, message, wParam, lParam);
+    if (message == WM_NCDESTROY)
+        keptToTheEnd = keepsInterception(window);
+    return result;
 }
 
 LRESULT CALLBACK foreignSubclass(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -195,6 +204,20 @@ TEST_F(NativeInterception, AProcedureLaidOverItStaysWhenTheToolbarIsGivenBack) {
     replaceProcedure(bar->toolbar(), belowForeign);
     EXPECT_FALSE(isPainted());
     EXPECT_EQ(SendMessageW(bar->toolbar(), TB_BUTTONCOUNT, 0, 0), 9);
+}
+
+TEST_F(NativeInterception, NothingOfItStaysWithAWindowThatEndsUnderAnotherProcedure) {
+    for (const bool givenBack : {false, true}) {
+        bar = std::make_unique<NativeBar>();
+        ASSERT_TRUE(take(*bar));
+        belowForeign = replaceProcedure(bar->toolbar(), &foreignProcedure);
+        if (givenBack)
+            skin.UnSubClassToolBar();
+        EXPECT_TRUE(keepsInterception(bar->toolbar()));
+        keptToTheEnd = true;
+        bar.reset();
+        EXPECT_FALSE(keptToTheEnd) << givenBack;
+    }
 }
 
 TEST_F(NativeInterception, AProcedureBelowItThatGoesFirstTakesItAlong) {

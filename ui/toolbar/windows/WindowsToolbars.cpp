@@ -44,7 +44,8 @@ UINT probeMessage() {
     return RegisterWindowMessageW(L"DalvoraToolbarProbe");
 }
 
-LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+// The system's own code lies above it: an exception must not go through that.
+LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     Interception* interception = interceptionOf(window);
     if (interception == nullptr)
         return DefWindowProcW(window, message, wParam, lParam);
@@ -52,12 +53,14 @@ LRESULT CALLBACK receiveMessage(HWND window, UINT message, WPARAM wParam, LPARAM
         interception->reached = true;
         return 0;
     }
-    if (interception->procedure != nullptr)
-        return interception->procedure->receive(message, wParam, lParam);
-    const WNDPROC previous = interception->previous;
+    WindowProcedure* procedure = interception->procedure;
+    const LRESULT result = procedure != nullptr
+                               ? procedure->receive(message, wParam, lParam)
+                               : CallWindowProcW(interception->previous, window, message, wParam, lParam);
+    // The last message; a procedure that was laid over this one may have kept the property until now.
     if (message == WM_NCDESTROY)
         forget(window);
-    return CallWindowProcW(previous, window, message, wParam, lParam);
+    return result;
 }
 
 WNDPROC procedureOf(HWND window) {
@@ -224,7 +227,10 @@ std::optional<quint32> WindowsToolbars::intercept(NativeHandle handle, WindowPro
     HWND window = windowOf(handle);
     if (Interception* kept = interceptionOf(window)) {
         kept->procedure = &procedure;
-        return isReached(window, *kept) ? std::nullopt : install(window, *kept);
+        const auto error = isReached(window, *kept) ? std::nullopt : install(window, *kept);
+        if (error)
+            kept->procedure = nullptr;
+        return error;
     }
     auto interception = std::make_unique<Interception>(Interception{nullptr, &procedure});
     if (SetPropW(window, propertyName, interception.get()) == FALSE)
