@@ -47,20 +47,24 @@ VIAddVersionKey /LANG=0x0C0A "LegalCopyright" ""
     Delete "$INSTDIR\desinstalar.exe"
 !macroend
 
-Section "Dalvora"
-    SetShellVarContext all
-    ; An older version goes first, so that none of its files stays beside the new ones. While it runs, its program
-    ; file cannot be removed.
-    IfFileExists "$INSTDIR\bin\dalvora.exe" 0 place
+; The program file goes first: while the program runs it cannot be removed, and then nothing is.
+!macro RemoveProgramFile
 again:
     ClearErrors
     Delete "$INSTDIR\bin\dalvora.exe"
-    IfErrors 0 remove
+    IfErrors 0 closed
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Dalvora está abierto. Ciérrelo e inténtelo de nuevo." \
         /SD IDCANCEL IDRETRY again
     SetErrorLevel 2
     Abort "Dalvora está abierto."
-remove:
+closed:
+!macroend
+
+Section "Dalvora"
+    SetShellVarContext all
+    ; An older version goes first, so that none of its files stays beside the new ones.
+    IfFileExists "$INSTDIR\bin\dalvora.exe" 0 place
+    !insertmacro RemoveProgramFile
     !insertmacro RemoveProgram
 place:
     ClearErrors
@@ -96,6 +100,7 @@ SectionEnd
 Section "Uninstall"
     SetShellVarContext all
     SetRegView 64
+    !insertmacro RemoveProgramFile
     !insertmacro RemoveProgram
     RMDir "$INSTDIR"
     Delete "$SMPROGRAMS\Quorvane\Dalvora.lnk"

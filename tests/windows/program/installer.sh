@@ -28,6 +28,16 @@ say "the start menu's entry starts it with the demonstration company"
 start start.exe /wait /unix "$menu/Dalvora (empresa de demostración).lnk"
 await_window Veltrano
 wait_until "the company in the status bar" status_shows "$company"
+
+say "while it is open nothing of it is removed"
+code=0
+# In its place, not from a copy as usual: this way its exit code is seen.
+(cd "$folder" && wine cmd /c 'desinstalar.exe /S _?=C:\Archivos de programa\Comisión ñandú') >>"$work/output" 2>&1 ||
+    code=$?
+[ "$code" = 2 ] || fail "the removal ended with exit code $code"
+(cd "$folder" && find . -type f ! -name desinstalar.exe | sort) >"$work/left"
+diff "$work/packed" "$work/left" || fail "something was removed"
+ls "$menu" | diff "$work/menu" - || fail "the start menu was changed"
 close_window Veltrano
 await_end
 
