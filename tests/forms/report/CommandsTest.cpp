@@ -206,6 +206,9 @@ TEST_F(Commands, WithoutAnyReportPrintingEndsWithTheMessageOfItsRun) {
 }
 
 TEST_F(Commands, TheSystemsDialogPrintsIntoAFileWithoutAPrinter) {
+#ifdef Q_OS_WIN
+    GTEST_SKIP() << "here the dialog is no window of the toolkit's";
+#endif
     SystemPrinterDialog dialog;
     QTimer::singleShot(0, qApp, [this] {
         auto* system = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
