@@ -40,8 +40,7 @@ QString hostTopic(const QString& profileFolder, const QString& company) {
 }
 
 QString startTopic(const QString& profileFolder, const QString& company) {
-    // A digest: a folder's name may be longer than a topic can be, and differ from another in case only. The
-    // application is another one than the ERP's: a program answers one topic of each on Windows.
+    // A digest: a folder's name may be longer than a topic can be, and differ from another in case only.
     constexpr int digits = 20;
     const QString place = sameFolder(profileFolder) + u'\n' + sameCompany(company) + u'\n' + desktopName();
     const QByteArray digest = QCryptographicHash::hash(place.toUtf8(), QCryptographicHash::Sha256).toHex();
@@ -56,10 +55,17 @@ bool FirstInstance::givesWay(const QString& company) {
         return false;
     m_company = sameCompany(company);
     const QString topic = startTopic(m_profileFolder, company);
-    // Beside the address itself, whose lock is its answerer's.
     const QString address = quorvane::channelAddress(topic);
+    m_lock.reset();
+    if (address.isEmpty())
+        return false;
+    // Beside the address itself, whose lock is its answerer's.
     m_lock = std::make_unique<quorvane::ChannelLock>(address + u"-inicio"_s);
-    return !address.isEmpty() && !m_lock->acquire() && firstOneCame(topic);
+    return !m_lock->acquire() && firstOneCame(topic);
+}
+
+bool FirstInstance::takePlace() {
+    return !m_lock || m_lock->acquire();
 }
 
 bool FirstInstance::firstOneCame(const QString& topic) {
@@ -72,6 +78,7 @@ bool FirstInstance::firstOneCame(const QString& topic) {
             link.setLinkTopic(topic);
             link.setLinkMode(quorvane::LinkManual);
             link.LinkExecute(u"ACCION=MOSTRAR"_s);
+            link.setLinkMode(quorvane::LinkNone); // so that the other one knows before this one is gone
             return true;
         } catch (const quorvane::RunTimeError& error) {
             if (error.number() == quorvane::ErrorCannotCreateObject)

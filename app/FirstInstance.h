@@ -28,6 +28,9 @@ public:
     /// goes on, as the first one if there is none. A company is asked for once, however often this is called.
     bool givesWay(const QString& company);
 
+    /// Makes this program the company's first one when the one before it has ended. False while that lives.
+    bool takePlace();
+
 private:
     bool firstOneCame(const QString& topic);
 

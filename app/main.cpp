@@ -8,17 +8,33 @@
 #include "forms/main/frmMain.h"
 #include "platform/quorvane32/session/Profile.h"
 #include <QApplication>
+#include <QTimer>
 
 namespace {
 
+/// Long enough for the first picture of the window and the first keys: the channel brings libraries that no
+/// start should wait for.
+constexpr std::chrono::milliseconds afterStart(300);
+/// Between two looks whether a program that this one was started beside has ended.
+constexpr std::chrono::seconds untilNextLook(5);
+
 /// The program at work, reachable for others, until it ends.
-int work(dalvora::Program& program, const QString& profileFolder) {
+int work(dalvora::Program& program, dalvora::FirstInstance& instance, const QString& profileFolder) {
     dalvora::HostRequests requests(program.form(), program.context());
     dalvora::HostChannel channel([&requests](const QString& command) { return requests.execute(command); });
     QObject::connect(&program, &dalvora::Program::ended, &channel, &dalvora::HostChannel::close);
     const QString company = program.context().Session->CompanyCode();
-    channel.beginSoon(
-        {dalvora::startTopic(profileFolder, company), dalvora::hostTopic(profileFolder, company)});
+    const QStringList topics = {dalvora::startTopic(profileFolder, company),
+                                dalvora::hostTopic(profileFolder, company)};
+    QTimer places;
+    places.setSingleShot(true);
+    QObject::connect(&places, &QTimer::timeout, &channel, [&] {
+        const bool first = instance.takePlace();
+        if (!channel.begin(topics) || !first)
+            places.start(untilNextLook);
+    });
+    QObject::connect(&program, &dalvora::Program::ended, &places, &QTimer::stop);
+    places.start(afterStart);
     return QApplication::exec();
 }
 
@@ -43,7 +59,7 @@ int main(int argc, char** argv) {
                      Qt::QueuedConnection);
     int result = 1;
     if (program.Form_Initialize(dalvora::programCommandLine()))
-        result = work(program, profileFolder);
+        result = work(program, instance, profileFolder);
     else if (program.gaveWay())
         result = 0;
     dalvora::installMessagePresenter(nullptr);

@@ -113,6 +113,36 @@ TEST_F(FirstInstanceTest, WhoSignsInToAnotherCompanyLeavesThePlaceOfTheFirst) {
     EXPECT_TRUE(third.givesWay(u"002"_s));
 }
 
+TEST_F(FirstInstanceTest, OneBesideTheFirstTakesItsPlaceOnceThatHasEnded) {
+    auto hanging = std::make_unique<FirstInstance>(folder.path());
+    EXPECT_FALSE(hanging->givesWay(u"001"_s));
+    EXPECT_FALSE(impatient.givesWay(u"001"_s));
+    EXPECT_FALSE(impatient.takePlace());
+    hanging.reset();
+    EXPECT_TRUE(impatient.takePlace());
+    answer(u"001"_s);
+    EXPECT_TRUE(second.givesWay(u"001"_s));
+}
+
+TEST_F(FirstInstanceTest, TopicsThatOthersLeaveAreTaken) {
+    const QStringList topics{u"Dalvora|a"_s, u"Dalvora|b"_s};
+    QStringList late;
+    HostChannel before{[](const QString&) { return quorvane::ChannelAnswer{true, {}}; }};
+    HostChannel after{[&late](const QString& command) {
+        late << command;
+        return quorvane::ChannelAnswer{true, {}};
+    }};
+    EXPECT_TRUE(before.begin({topics[0]}));
+    EXPECT_FALSE(after.begin(topics));
+    EXPECT_EQ(errorOfAsking(topics[0]), 0);
+    EXPECT_EQ(errorOfAsking(topics[1]), 0);
+    EXPECT_EQ(late.size(), 1);
+    before.close();
+    EXPECT_TRUE(after.begin(topics));
+    EXPECT_EQ(errorOfAsking(topics[0]), 0);
+    EXPECT_EQ(late.size(), 2);
+}
+
 TEST(HostTopic, NamesTheFolderOfAProfileThatIsNotTheUsualOne) {
     const QTemporaryDir folder;
     EXPECT_EQ(hostTopic(quorvane::Profile::usualFolder(), u"001"_s), u"Dalvora|001"_s);
