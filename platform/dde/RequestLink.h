@@ -11,8 +11,8 @@ enum LinkMode : int {
 };
 
 /// The asking end of a request channel: a conversation with another program that is addressed by a topic
-/// "application|topic" and takes commands. Programs see this interface; LocalRequestLink talks over local
-/// sockets, and the Windows library for the classic channel can stand behind the same interface.
+/// "application|topic" and takes commands. Programs see this interface; behind it LocalRequestLink talks over
+/// local sockets, and DdeRequestLink over DDE.
 ///
 /// Errors are RunTimeError: 282 when no application answers, 285 when it refuses a command, 286 when it does
 /// not answer in time, 290 when it answers in a way that cannot be read, 291 when it ended meanwhile, 293

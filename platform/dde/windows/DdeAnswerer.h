@@ -15,8 +15,8 @@ public:
     DdeAnswerer(QString topic, Executor execute);
     ~DdeAnswerer() override;
 
-    /// False, too, when this thread answers another topic of the same service: the library's calls do not
-    /// tell them apart. Programs that are not of this house may answer the same topic beside this one.
+    /// False, too, when this thread answers eight topics already. Programs that are not of this house may
+    /// answer the same topic beside this one.
     bool listen() override;
     void close() override;
 
