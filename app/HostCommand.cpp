@@ -78,7 +78,7 @@ QString recordKey(const QString& value) {
         refuse(u"El requerimiento no indica la clave del registro (CLAVE)"_s);
     // The record would cut it, and open what it was not asked for.
     if (code.size() > longestCode)
-        refuse(u"La clave %1 tiene más de %2 caracteres"_s.arg(quoted(code)).arg(longestCode));
+        refuse(u"La clave %1 tiene más de %2 caracteres"_s.arg(quoted(code), QString::number(longestCode)));
     return code;
 }
 

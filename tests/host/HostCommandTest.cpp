@@ -60,6 +60,8 @@ TEST(HostCommand, AKeyIsNeverCut) {
               u"12345678901234567890"_s);
     EXPECT_EQ(refusal(u"ACCION=ABRIR;CLAVE=123456789012345678901"_s),
               u"La clave «123456789012345678901» tiene más de 20 caracteres"_s);
+    EXPECT_EQ(refusal(u"ACCION=ABRIR;CLAVE=%1 de %2 y bastante más"_s),
+              u"La clave «%1 de %2 y bastante más» tiene más de 20 caracteres"_s);
     EXPECT_EQ(refusal(u"ACCION=ABRIR;CLAVE= "_s),
               u"El requerimiento no indica la clave del registro (CLAVE)"_s);
     EXPECT_EQ(refusal(u"ACCION=ABRIR"_s), u"El requerimiento no indica la clave del registro (CLAVE)"_s);
