@@ -16,8 +16,8 @@ public:
 
     explicit HostChannel(Executor execute) : m_execute(std::move(execute)) {}
 
-    /// Answers those of the topics that no program answers yet. False when some were left to others, which may
-    /// end: asked again later, it takes them. A program whose channel cannot be loaded works unreachable.
+    /// Answers those of the topics that no program answers yet. False when some were left to others, which
+    /// may end: asked again later, it takes them. A program whose channel cannot be loaded works unreachable.
     bool begin(const QStringList& topics);
     /// Answers nothing any more.
     void close() { m_answerers.clear(); }
