@@ -185,6 +185,15 @@ TEST_F(DdeLink, OneThatEndedBetweenTwoCommandsIs291) {
     EXPECT_EQ(open(), 282);
 }
 
+TEST_F(DdeLink, OneThatEndedAWhileAgoIs291LongBeforeTheTimeOut) {
+    link.setLinkTimeout(100);
+    meet(u"answer"_s);
+    program->kill();
+    QTest::qWait(1000);
+    EXPECT_EQ(execute(u"x"_s), 291);
+    EXPECT_LT(time.elapsed(), 5000);
+}
+
 TEST_F(DdeLink, AnAnswerCountsEvenWhenTheApplicationGoesRightBehindIt) {
     meet(u"done-die"_s);
     EXPECT_EQ(execute(u"x"_s), 0);
