@@ -6,6 +6,7 @@
 #include "tests/windows/dde/DoubleProcess.h"
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -270,6 +271,29 @@ TEST_P(DdeLinkOnADeafDesktop, ThisProgramGoesOnAnswering) {
     EXPECT_TRUE(another.listen());
     another.close();
     EXPECT_LT(time.elapsed(), 2000);
+}
+
+/// Run by the next test as a program of its own, which ends while the thread of its link still waits.
+TEST(ProgramOnADeafDesktop, DISABLED_AsksInVain) {
+    DdeRequestLink link;
+    link.setLinkTimeout(2);
+    link.setLinkTopic(topic);
+    EXPECT_EQ(errorOf([&] { link.setLinkMode(LinkManual); }), 286);
+}
+
+TEST(ProgramOnADeafDesktop, EndsAtOnceThoughALinkStillWaits) {
+    constexpr int longBeforeTheDeafOneEnds = 15000;
+    DoubleProcess deaf(u"window"_s);
+    ASSERT_TRUE(deaf.isReady());
+    QProcess program;
+    program.start(QCoreApplication::applicationFilePath(),
+                  {u"--gtest_filter=*DISABLED_AsksInVain"_s, u"--gtest_also_run_disabled_tests"_s});
+    EXPECT_TRUE(program.waitForFinished(longBeforeTheDeafOneEnds)) << "it hangs";
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    const QByteArray said = program.readAllStandardOutput();
+    EXPECT_TRUE(said.contains("[  PASSED  ] 1 test.")) << said.toStdString();
+    program.kill();
+    program.waitForFinished();
 }
 
 INSTANTIATE_TEST_SUITE_P(Programs, DdeLinkOnADeafDesktop, testing::Values("hung", "window"));
