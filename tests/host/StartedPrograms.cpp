@@ -70,7 +70,8 @@ testing::AssertionResult StartedPrograms::haveRead(int schemes) const {
 }
 
 std::optional<int> StartedPrograms::exitCode(QProcess& program) {
-    // Events go on meanwhile: a window that answers nothing holds up the requests of every program on Windows.
+    // Events go on meanwhile: a window that answers nothing holds up the requests of every program on
+    // Windows.
     if (!QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, generous))
         return {};
     return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;

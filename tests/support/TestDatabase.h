@@ -62,7 +62,8 @@ public:
     QString connectString(int timeout = 5000) const;
     /// Runs statements separated by ";" on a connection of their own.
     void run(const QString& script) const;
-    /// Nobody can open it any more; who has it open goes on. False on a system that keeps a file that is open.
+    /// Nobody can open it any more; who has it open goes on. False on a system that keeps a file that is
+    /// open.
     bool closeToOthers() const;
     /// The test server answers the next statement that holds these words with an error.
     static void failOnce(const QString& words, int error);
