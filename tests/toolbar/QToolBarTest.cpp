@@ -149,6 +149,7 @@ TEST_F(QToolBarTest, AButtonWithAMenuIsADropDownButton) {
     EXPECT_EQ(pixel(button, arrow), mapPixel(120, 0));
     pointAt(button, arrow + QPoint(5, 5));
     menu->popup(button->mapToGlobal(QPoint(0, 200)));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(menu));
     EXPECT_EQ(pixel(button), mapPixel(60, 0));
     EXPECT_EQ(pixel(button, arrow), mapPixel(135, 0)) << "its menu is open";
     menu->close();

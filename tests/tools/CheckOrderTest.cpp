@@ -109,6 +109,9 @@ TEST_P(CheckOrder, UsersWhoCannotWorkAreNamed) {
 }
 
 TEST_P(CheckOrder, AProfileThatOthersReadHoldsNoPassword) {
+#ifdef Q_OS_WIN
+    GTEST_SKIP() << "here the toolkit reads who may read a file, but does not write it";
+#endif
     rewriteProfile(u";Password=secreta"_s);
     const QString file = Profile::fileName(desk.folder());
     ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));

@@ -3,8 +3,9 @@
 #include "platform/quorvane32/core/ConnectString.h"
 #include "platform/quorvane32/session/Administration.h"
 #include "platform/quorvane32/session/SessionSql.h"
+#include "tools/quorvane-admin/FileReaders.h"
 #include <QDateTime>
-#include <QFile>
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -85,14 +86,15 @@ void checkData(HealthCheck& check) {
 
 void checkProfile(HealthCheck& check) {
     const QString file = Profile::fileName(check.folder);
+    const QString shown = QDir::toNativeSeparators(file);
     const QString password = ConnectString::parse(check.profile.connectString).value(u"password"_s);
     if (password.isEmpty())
-        check.good(u"Perfil %1, sin contraseña"_s.arg(file));
-    else if (QFile::permissions(file) & (QFileDevice::ReadGroup | QFileDevice::ReadOther))
+        check.good(u"Perfil %1, sin contraseña"_s.arg(shown));
+    else if (othersMayRead(file))
         check.finding(
-            u"El perfil %1 tiene una contraseña y otros usuarios del equipo pueden leerlo"_s.arg(file));
+            u"El perfil %1 tiene una contraseña y otros usuarios del equipo pueden leerlo"_s.arg(shown));
     else
-        check.good(u"Perfil %1, que sólo su dueño puede leer"_s.arg(file));
+        check.good(u"Perfil %1, que sólo su dueño puede leer"_s.arg(shown));
     for (const QString& company : check.profile.companies)
         if (check.value(u"SELECT Empresa FROM ses_empresa WHERE Empresa = "_s + sqlText(company)).isEmpty())
             check.finding(u"El perfil nombra la empresa «%1», que no existe"_s.arg(company));
