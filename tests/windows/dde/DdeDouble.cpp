@@ -16,7 +16,7 @@
 //   error
 //
 // It writes what it sees to the file DDE_DOUBLE_LOG, line by line: "cwd FOLDER", "ready", "command HEX". It
-// ends by itself after half a minute, hung or not.
+// ends by itself after five minutes, hung or not.
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,7 +27,7 @@
 
 namespace {
 
-constexpr DWORD halfAMinute = 30000;
+constexpr DWORD fiveMinutes = 300000;
 constexpr DWORD aSecond = 1000;
 const wchar_t* const serviceName = L"Emisión de Documentos";
 const wchar_t* const topicName = L"Lorbadeno";
@@ -69,7 +69,7 @@ void tellCommand(HDDEDATA data) {
 ULONG_PTR execute(HDDEDATA data) {
     tellCommand(data);
     if (mode(L"stuck"))
-        Sleep(halfAMinute);
+        Sleep(fiveMinutes);
     if (mode(L"die-command"))
         TerminateProcess(GetCurrentProcess(), 3);
     if (mode(L"done-die"))
@@ -130,11 +130,11 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
         offer();
     tell("ready");
     if (mode(L"window") || mode(L"hung")) {
-        Sleep(halfAMinute);
+        Sleep(fiveMinutes);
         return 4;
     }
     const UINT_PTR late = mode(L"late") ? SetTimer(nullptr, 0, aSecond, nullptr) : 0;
-    const UINT_PTR end = SetTimer(nullptr, 0, halfAMinute, nullptr);
+    const UINT_PTR end = SetTimer(nullptr, 0, fiveMinutes, nullptr);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_TIMER && !message.hwnd && message.wParam == end)
