@@ -24,7 +24,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QScopeGuard>
-#include <ranges>
+#include <algorithm>
+#include <utility>
 
 namespace dalvora {
 
@@ -153,8 +154,9 @@ bool Program::Form_Unload() {
     m_unloading = true;
     bool ok = true;
     try {
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (QWidget* window : windows | std::views::reverse)
+        QWidgetList windows = QApplication::topLevelWidgets();
+        std::reverse(windows.begin(), windows.end());
+        for (QWidget* window : std::as_const(windows))
             if (window != m_form.get())
                 window->close();
         m_form->unload();
