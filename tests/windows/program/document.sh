@@ -7,17 +7,6 @@
 first_line="380 264"
 second_line="380 282"
 
-show_report() {
-    open_with "Selección de Reporte" ctrl+shift+p
-    press Tab
-    enter "01/07/1997"
-    press Tab
-    enter "30/09/1997"
-    press Return
-    await_window "Visualiza Reportes"
-    wait_until "the report's pages" status_shows "página"
-}
-
 documents() {
     wine_process Lorbadeno.Exe
 }

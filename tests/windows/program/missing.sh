@@ -31,14 +31,7 @@ say "no module for requests: told at the click, and the report goes on"
 own_copy "$work/sin requerimientos"
 rm "$program/bin/quorvane/quorvane_dde_module.dll"
 start_dalvora EMPRESA=001
-open_with "Selección de Reporte" ctrl+shift+p
-press Tab
-enter "01/07/1997"
-press Tab
-enter "30/09/1997"
-press Return
-await_window "Visualiza Reportes"
-wait_until "the report's pages" status_shows "página"
+show_report
 click "Visualiza Reportes" 380 264
 answer_message "quorvane_dde_module"
 say "$said"

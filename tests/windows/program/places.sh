@@ -11,14 +11,7 @@ press F8
 await_window "Códigos de Comisión"
 press Escape
 await_no_window "Códigos de Comisión"
-open_with "Selección de Reporte" ctrl+shift+p
-press Tab
-enter "01/07/1997"
-press Tab
-enter "30/09/1997"
-press Return
-await_window "Visualiza Reportes"
-wait_until "the report's pages" status_shows "página"
+show_report
 open_with "Exportar a PDF" ctrl+e
 mkdir "$work/Año 1997"
 insert "$(windows_path "$work/Año 1997/Comisión.pdf")"
