@@ -2,11 +2,11 @@
 #include "platform/reportengine/output/Output.h"
 #include "tests/report_output/ReferenceImage.h"
 #include "tests/report_output/SampleReport.h"
+#include "tests/support/MadeBy.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/support/SmallDisk.h"
 #include <QDir>
 #include <QPrinter>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -15,16 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace quorvane::report::test {
 
-namespace {
+using quorvane::test::madeBy;
 
-/// What a program of the system makes of a document.
-QByteArray madeBy(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(30000)) << program.toStdString();
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-    return process.readAllStandardOutput();
-}
+namespace {
 
 /// The document's lines without the blanks that only place their words.
 QStringList linesOf(const QString& pdf) {

@@ -2,11 +2,10 @@
 #include "demo/Database.h"
 #include "reports/processing/ReportStatements.h"
 #include "tests/reports/ReportFixture.h"
+#include "tests/support/MadeBy.h"
 #include "tests/support/TestDatabase.h"
 #include <QMap>
-#include <QProcess>
 #include <cmath>
-#include <iostream>
 #include <map>
 
 using namespace dalvora;
@@ -85,6 +84,17 @@ protected:
         if (result == 0)
             table.Report()->pageCount();
         return result;
+    }
+    /// The names of the reports that come with the program, now to be had by the record.
+    QStringList ownReports() {
+        const QDir own(QStringLiteral(DALVORA_REPORTES));
+        QStringList reports;
+        for (const QString& file : own.entryList({u"*.rpt"_s})) {
+            EXPECT_TRUE(QFile::copy(own.filePath(file), folder.filePath(u"reportes/VELTRANO/"_s + file)));
+            reports << file.chopped(4);
+        }
+        EXPECT_EQ(reports.size(), 4);
+        return reports;
     }
     qint64 rowCount() { return table.Report()->layout().rowsFetched(); }
     Value value(qint64 row, const QString& column) {
@@ -335,12 +345,7 @@ TEST_P(StoredReport, APeriodTurnedAroundHasTheSchemesThatHoldBothItsDays) {
 }
 
 TEST_P(StoredReport, TheProgramsOwnReportsAreMadeAsTheyAre) {
-    const QDir own(QStringLiteral(DALVORA_REPORTES));
-    const QStringList files = own.entryList({u"*.rpt"_s});
-    ASSERT_EQ(files.size(), 4);
-    for (const QString& file : files) {
-        ASSERT_TRUE(QFile::copy(own.filePath(file), folder.filePath(u"reportes/VELTRANO/"_s + file)));
-        const QString name = file.chopped(4);
+    for (const QString& name : ownReports()) {
         ASSERT_EQ(process(name), 0) << name.toStdString();
         EXPECT_EQ(recorder.take(), std::vector<Message>()) << name.toStdString();
         EXPECT_GT(table.Report()->pageCount(), 0);
@@ -360,24 +365,16 @@ TEST_P(StoredReport, TheProgramsOwnReportsReadTheSameOnEveryEngine) {
     static QMap<QString, QByteArray> onTheFirstEngine;
     table.FechaIniFiltro = Date::fromYmd(1997, 7, 1);
     table.FechaFinFiltro = Date::fromYmd(1997, 9, 30);
-    const QDir own(QStringLiteral(DALVORA_REPORTES));
-    for (const QString& file : own.entryList({u"*.rpt"_s})) {
-        ASSERT_TRUE(QFile::copy(own.filePath(file), folder.filePath(u"reportes/VELTRANO/"_s + file)));
-        const QString name = file.chopped(4);
+    for (const QString& name : ownReports()) {
         ASSERT_EQ(process(name), 0) << name.toStdString();
         const QString pdf = folder.filePath(name + u".pdf"_s);
         table.Report()->selectPrinter(u"PDF"_s, {}, pdf);
         table.Report()->printOut(false, 1, 1, table.Report()->pageCount());
-        QProcess reader;
-        reader.start(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
-        ASSERT_TRUE(reader.waitForFinished());
-        const QByteArray text = reader.readAllStandardOutput();
+        const QByteArray text = quorvane::test::madeBy(u"pdftotext"_s, {u"-layout"_s, pdf, u"-"_s});
         ASSERT_GT(text.size(), 500) << name.toStdString();
         if (!onTheFirstEngine.contains(name))
             onTheFirstEngine[name] = text;
         EXPECT_EQ(text, onTheFirstEngine[name]) << name.toStdString();
-        std::cout << "  " << name.toStdString() << ": " << rowCount() << " rows, "
-                  << table.Report()->pageCount() << " pages\n";
     }
 }
 
