@@ -13,7 +13,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace dalvora::test;
-using dalvora::test::Message;
 
 namespace {
 

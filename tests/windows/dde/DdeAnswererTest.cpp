@@ -4,6 +4,7 @@
 #include "tests/support/ErrorOf.h"
 #include "tests/support/QtPrinters.h"
 #include "tests/windows/dde/DoubleProcess.h"
+#include <array>
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -88,9 +89,9 @@ TEST_F(DdeServer, ATopicIsAnsweredByOneProgramOnce) {
 
 TEST_F(DdeServer, AThreadAnswersEightTopics) {
     const auto nothing = [](const QString&) { return ChannelAnswer{}; };
-    std::vector<std::unique_ptr<DdeAnswerer>> answerers;
-    for (int i = 0; i < 9; ++i)
-        answerers.push_back(std::make_unique<DdeAnswerer>(u"Pruebas|%1"_s.arg(i), nothing));
+    std::array<std::unique_ptr<DdeAnswerer>, 9> answerers;
+    for (std::size_t i = 0; i < answerers.size(); ++i)
+        answerers[i] = std::make_unique<DdeAnswerer>(u"Pruebas|%1"_s.arg(i), nothing);
     for (int i = 0; i < 8; ++i)
         EXPECT_TRUE(answerers[i]->listen()) << i;
     EXPECT_FALSE(answerers[8]->listen());

@@ -31,7 +31,7 @@ protected:
     /// An empty help file in a folder of this name.
     QString helpFile(const QString& folder = u"ayuda"_s) const {
         QDir(m_folder.path()).mkpath(folder);
-        const QString name = m_folder.filePath(folder + u"/dalvora.chm"_s);
+        QString name = m_folder.filePath(folder + u"/dalvora.chm"_s);
         EXPECT_TRUE(QFile(name).open(QIODevice::WriteOnly)) << name.toStdString();
         return name;
     }
