@@ -41,9 +41,21 @@ function(dalvora_module name)
   set_target_properties(${name} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin/quorvane)
 endfunction()
 
-# dalvora_test(name [GUI] SOURCES files... [POSIX files...] LINK libs... [POSIX_LINK libs...])
-# GUI tests get a QApplication on the offscreen platform (Windows: on the screen), the others a QCoreApplication. What stands behind POSIX needs
-# a database server, other processes' signals or the like and is left out of the Windows tests.
+# dalvora_surroundings(test seconds)
+# What every test runs in: no screen, a language, at most so many seconds. Windows draws on its own screen, since
+# elsewhere its programs would have no fonts.
+function(dalvora_surroundings test seconds)
+  set(platform offscreen)
+  if(WIN32)
+    set(platform windows)
+  endif()
+  set_tests_properties(${test} PROPERTIES TIMEOUT ${seconds}
+    ENVIRONMENT "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+# dalvora_test(name [GUI] [TIMEOUT seconds] SOURCES files... [POSIX files...] LINK libs... [POSIX_LINK libs...])
+# GUI tests get a QApplication, the others a QCoreApplication. What stands behind POSIX needs a database server, other
+# processes' signals or the like and is left out of the Windows tests.
 function(dalvora_test name)
   cmake_parse_arguments(CASE "GUI" "TIMEOUT" "SOURCES;POSIX;LINK;POSIX_LINK" ${ARGN})
   if(NOT WIN32)
@@ -65,11 +77,5 @@ function(dalvora_test name)
   if(NOT CASE_TIMEOUT)
     set(CASE_TIMEOUT 300)
   endif()
-  # Windows draws on its own screen: elsewhere its programs would have no fonts.
-  set(platform offscreen)
-  if(WIN32)
-    set(platform windows)
-  endif()
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${CASE_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=${platform};LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1")
+  dalvora_surroundings(${name} ${CASE_TIMEOUT})
 endfunction()

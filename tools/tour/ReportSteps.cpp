@@ -5,6 +5,7 @@
 #include "platform/quorvane32/session/Profile.h"
 #include "platform/reportengine/output/PagePainter.h"
 #include "platform/reportengine/viewer/ReportViewer.h"
+#include "tools/tour/Screen.h"
 #include "tools/tour/Tour.h"
 #include <QAction>
 #include <QApplication>
@@ -12,15 +13,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QTreeView>
 
 namespace tour {
 
 using namespace Qt::StringLiterals;
+using quorvane::report::LayoutRun;
 using quorvane::report::PageView;
 using quorvane::report::ReportViewer;
 using quorvane::report::ViewerDialogs;
@@ -72,49 +74,60 @@ template<class Control> Control* Tour::inFront(const char* name) {
 }
 
 void Tour::addReportSteps() {
-    m_steps.push_back({u"informe-elegido"_s, [this] { chooseReport(reportName); }});
-    m_steps.push_back({u"informe"_s, [this] { acceptReport(); }});
-    m_steps.push_back({u"informe-vendedor"_s, [this] {
-                           auto* tree = inFront<QTreeView>("groups");
-                           if (!tree || tree->model()->rowCount() < 3)
-                               return fail(u"faltan los grupos"_s);
-                           QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
-                                             tree->visualRect(tree->model()->index(2, 0)).center());
-                       }});
-    m_steps.push_back({u"informe-buscar"_s, [this] {
-                           auto* viewer = inFront<ReportViewer>("CRViewer1");
-                           if (!viewer)
-                               return;
-                           viewer->pageView().setFocus();
-                           press(Qt::Key_F, Qt::ControlModifier);
-                           type(customer);
-                           press(Qt::Key_Return);
-                       }});
-    // The document comes while the first of the two steps still waits for the answer.
-    m_steps.push_back({{}, [this] { openDocument(); }});
-    m_steps.push_back({u"informe-documento"_s, [this] {
-                           if (!m_documents || !m_documents->window().windowTitle().contains(u" - "))
-                               fail(u"no se mostró el documento"_s);
-                       }});
-    m_steps.push_back({u"informe-exportado"_s, [this] {
-                           m_documents.reset();
-                           exportReport(reportName);
-                       }});
+    addReportChoice(reportName, u"informe-elegido"_s, u"informe"_s);
+    addStep(
+        u"informe-vendedor"_s, [this] { goToThirdGroup(); }, &Tour::reportShown);
+    addStep(
+        u"informe-buscar"_s, [this] { findCustomer(); }, &Tour::customerFound);
+    addStep(
+        u"informe-documento"_s, [this] { openDocument(); }, &Tour::documentShown);
+    addStep(
+        u"informe-exportado"_s,
+        [this] {
+            m_documents.reset();
+            exportReport(reportName);
+        },
+        &Tour::reportShown);
+    addStep({}, [this] { leaveReport(); });
     for (const QString& name : otherReports) {
-        m_steps.push_back({name + u"-elegido"_s, [this, name] {
-                               leaveReport();
-                               QTimer::singleShot(stepDelay / 4, this, [this, name] { chooseReport(name); });
-                           }});
-        m_steps.push_back({name, [this] { acceptReport(); }});
-        m_steps.push_back({name + u"-exportado"_s, [this, name] { exportReport(name); }});
+        addReportChoice(name, name + u"-elegido"_s, name);
+        addStep(
+            name + u"-exportado"_s, [this, name] { exportReport(name); }, &Tour::reportShown);
+        addStep({}, [this] { leaveReport(); });
     }
-    m_steps.push_back({u"informe-cerrado"_s, [this] { leaveReport(); }});
+    addStep(u"informe-cerrado"_s, [] {});
 }
 
-void Tour::chooseReport(const QString& name) {
-    activate();
-    clickButton(u"vprevia"_s);
-    QTimer::singleShot(stepDelay / 2, this, [this, name] { enterReport(name); });
+void Tour::addReportChoice(const QString& name, const QString& chosen, const QString& shown) {
+    addStep(
+        {}, [this] { clickButton(u"vprevia"_s); }, &Tour::anotherInFront);
+    addStep(
+        chosen, [this, name] { enterReport(name); }, &Tour::anotherInFront);
+    addStep(
+        {},
+        [this] {
+            if (auto* accept = inFront<QPushButton>("coAceptar"))
+                QTest::mouseClick(accept, Qt::LeftButton);
+        },
+        &Tour::reportShown);
+    addStep(
+        shown, [this] { enlargeReport(); }, &Tour::reportShown);
+}
+
+bool Tour::reportShown() {
+    QWidget* window = QApplication::activeModalWidget();
+    const auto* viewer = window ? window->findChild<ReportViewer*>(u"CRViewer1"_s) : nullptr;
+    return viewer && viewer->layoutRun().state() == LayoutRun::State::Complete && bringToFront(*window);
+}
+
+bool Tour::customerFound() {
+    const QWidget* window = QApplication::activeModalWidget();
+    const auto* message = window ? window->findChild<QLabel*>(u"findMessage"_s) : nullptr;
+    return message && message->text().startsWith(u"Página");
+}
+
+bool Tour::documentShown() {
+    return m_documentAsked && m_documents->window().windowTitle().contains(u" - ");
 }
 
 void Tour::enterReport(const QString& name) {
@@ -130,13 +143,29 @@ void Tour::enterReport(const QString& name) {
     type(u"30/09/1997"_s);
 }
 
-void Tour::acceptReport() {
-    QTimer::singleShot(stepDelay / 2, this, [] {
-        if (QWidget* viewer = QApplication::activeModalWidget())
-            viewer->resize(viewerSize);
-    });
-    if (auto* accept = inFront<QPushButton>("coAceptar"))
-        QTest::mouseClick(accept, Qt::LeftButton);
+void Tour::enlargeReport() {
+    if (QWidget* window = QApplication::activeModalWidget())
+        window->resize(viewerSize);
+}
+
+void Tour::goToThirdGroup() {
+    auto* tree = inFront<QTreeView>("groups");
+    if (!tree)
+        return;
+    if (tree->model()->rowCount() < 3)
+        return fail(u"faltan los grupos"_s);
+    const QModelIndex third = tree->model()->index(2, 0);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(third).center());
+}
+
+void Tour::findCustomer() {
+    auto* viewer = inFront<ReportViewer>("CRViewer1");
+    if (!viewer)
+        return;
+    viewer->pageView().setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(customer);
+    press(Qt::Key_Return);
 }
 
 void Tour::openDocument() {
@@ -149,6 +178,7 @@ void Tour::openDocument() {
         fail(u"el programa de documentos no pudo atender"_s);
     press(Qt::Key_Escape);
     QTest::mouseClick(viewer->pageView().viewport(), Qt::LeftButton, {}, firstLine(viewer->pageView()));
+    m_documentAsked = true;
 }
 
 void Tour::leaveReport() {

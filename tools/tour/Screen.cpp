@@ -1,7 +1,9 @@
-#include "tools/tour/WindowPicture.h"
+#include "tools/tour/Screen.h"
 #include <QApplication>
 #include <QPainter>
 #include <QWidget>
+#include <QWindow>
+#include <algorithm>
 
 namespace tour {
 
@@ -38,11 +40,28 @@ void paintWindow(QPainter& painter, QWidget& window) {
 
 } // namespace
 
-QPixmap pictureOfScreen(QWidget& mainWindow) {
-    QList<QWidget*> windows{&mainWindow};
+QList<QWidget*> otherWindows(const QWidget& mainWindow) {
+    // The toolkit's list of widgets is in no order; that of the system's windows is the order of their
+    // making, in which they lie over each other here.
+    const QList<QWindow*> made = QGuiApplication::topLevelWindows();
+    QList<QWidget*> windows;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window != &mainWindow && window->isVisible() && window->windowType() != Qt::ToolTip)
             windows << window;
+    std::sort(windows.begin(), windows.end(), [&made](const QWidget* first, const QWidget* second) {
+        return made.indexOf(first->windowHandle()) < made.indexOf(second->windowHandle());
+    });
+    return windows;
+}
+
+bool bringToFront(QWidget& window) {
+    if (!window.isActiveWindow())
+        window.activateWindow();
+    return window.isActiveWindow();
+}
+
+QPixmap pictureOfScreen(QWidget& mainWindow) {
+    const QList<QWidget*> windows = QList<QWidget*>{&mainWindow} + otherWindows(mainWindow);
     QRect all;
     for (const QWidget* window : windows)
         all |= outerRect(*window);

@@ -1,13 +1,25 @@
 #include "tools/tour/Tour.h"
 #include "demo/lorbadeno/DocumentProgram.h"
 #include "forms/main/frmMain.h"
-#include "tools/tour/WindowPicture.h"
+#include "tools/tour/Screen.h"
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <chrono>
 #include <cstdio>
 
 namespace tour {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto interval = 20ms;  // between two looks
+constexpr auto settling = 150ms; // from the last change to the picture: carets and pointers come to rest
+constexpr auto longest = 60s;    // for what a step brings about
+
+} // namespace
 
 Tour::Tour(dalvora::frmMain& form, QString folder) : m_form(form), m_folder(std::move(folder)) {
     addReadingSteps();
@@ -20,131 +32,147 @@ Tour::Tour(dalvora::frmMain& form, QString folder) : m_form(form), m_folder(std:
 
 Tour::~Tour() = default;
 
+void Tour::addStep(const QString& picture, std::function<void()> play, Condition shown) {
+    m_steps.push_back({picture, std::move(play), shown});
+}
+
+void Tour::addClosing(const QString& picture) {
+    addStep(picture, [this] { closeOpenWindow(); });
+}
+
+void Tour::addLookupSteps(const QString& lookup, const QString& filter, const QString& result) {
+    addStep(
+        lookup,
+        [this] {
+            m_form.controls().TxtCodigo->setFocus();
+            press(Qt::Key_F8);
+        },
+        &Tour::anotherInFront);
+    addStep(result, [this, filter] {
+        type(filter);
+        press(Qt::Key_Return);
+    });
+}
+
 void Tour::addReadingSteps() {
-    m_steps.push_back({QStringLiteral("inicio"), [] {}});
-    m_steps.push_back({QStringLiteral("buscar-comision"), [this] {
-                           m_form.controls().TxtCodigo->setFocus();
-                           press(Qt::Key_F8);
-                       }});
-    m_steps.push_back({QStringLiteral("comision-leida"), [this] {
-                           type(QStringLiteral("mixta"));
-                           press(Qt::Key_Return);
-                       }});
-    m_steps.push_back({QStringLiteral("montos"), [this] { m_form.controls().SSTab1->setCurrentIndex(1); }});
-    m_steps.push_back({QStringLiteral("precios"), [this] { m_form.controls().SSTab1->setCurrentIndex(2); }});
+    addStep(u"inicio"_s, [] {});
+    addLookupSteps(u"buscar-comision"_s, u"mixta"_s, u"comision-leida"_s);
+    addStep(u"montos"_s, [this] { m_form.controls().SSTab1->setCurrentIndex(1); });
+    addStep(u"precios"_s, [this] { m_form.controls().SSTab1->setCurrentIndex(2); });
 }
 
 void Tour::addEditingSteps() {
-    m_steps.push_back({QStringLiteral("celda-en-edicion"), [this] {
-                           goToCell(0, 1, 6);
-                           type(QStringLiteral("7,5"));
-                       }});
-    m_steps.push_back({QStringLiteral("lista-de-tipos"), [this] {
-                           press(Qt::Key_Return);
-                           goToCell(0, m_form.controls().XGrid->rows() - 1, 1);
-                           press(Qt::Key_Down, Qt::AltModifier);
-                       }});
-    m_steps.push_back({QStringLiteral("buscar-producto"), [this] {
-                           closeOpenWindow();
-                           goToCell(0, m_form.controls().XGrid->rows() - 1, 1);
-                           type(QStringLiteral("Producto"));
-                           press(Qt::Key_Return);
-                           goToCell(0, m_form.controls().XGrid->rows() - 1, 2);
-                           QTimer::singleShot(0, this, [this] { press(Qt::Key_F8); });
-                       }});
-    m_steps.push_back({QStringLiteral("buscar-filtrando"), [this] { type(QStringLiteral("1")); }});
-    m_steps.push_back({QStringLiteral("producto-elegido"), [this] { press(Qt::Key_Return); }});
+    addStep(u"celda-en-edicion"_s, [this] {
+        goToCell(1, 6);
+        type(u"7,5"_s);
+    });
+    addStep(
+        u"lista-de-tipos"_s,
+        [this] {
+            press(Qt::Key_Return);
+            goToCell(lastRow(), 1);
+            press(Qt::Key_Down, Qt::AltModifier);
+        },
+        &Tour::anotherInFront);
+    addClosing();
+    addStep({}, [this] {
+        goToCell(lastRow(), 1);
+        type(u"Producto"_s);
+        press(Qt::Key_Return);
+    });
+    addStep(
+        u"buscar-producto"_s,
+        [this] {
+            goToCell(lastRow(), 2);
+            press(Qt::Key_F8);
+        },
+        &Tour::anotherInFront);
+    addStep(
+        u"buscar-filtrando"_s, [this] { type(u"1"_s); }, &Tour::anotherInFront);
+    addStep(u"producto-elegido"_s, [this] { press(Qt::Key_Return); });
 }
 
 void Tour::addRefusalSteps() {
-    m_steps.push_back({QStringLiteral("valor-rechazado"), [this] {
-                           goToCell(0, m_form.controls().XGrid->rows() - 1, 6);
-                           type(QStringLiteral("150"));
-                           QTimer::singleShot(0, this, [this] { press(Qt::Key_Return); });
-                       }});
-    m_steps.push_back({QStringLiteral("fila-completa"), [this] {
-                           closeOpenWindow();
-                           const int row = m_form.controls().XGrid->rows() - 1;
-                           QTimer::singleShot(0, this, [this, row] {
-                               goToCell(0, row, 6);
-                               type(QStringLiteral("2,25"));
-                               press(Qt::Key_Return);
-                               goToCell(0, row, 7);
-                               type(QStringLiteral("Neto"));
-                               press(Qt::Key_Return);
-                           });
-                       }});
-    m_steps.push_back({QStringLiteral("modificar-fechas"), [this] {
-                           QTimer::singleShot(0, this,
-                                              [this] { m_form.controls().menuItem(u"mnuModif").trigger(); });
-                       }});
-    m_steps.push_back({QStringLiteral("grabado"), [this] {
-                           closeOpenWindow();
-                           clickButton(QStringLiteral("grabar"));
-                       }});
+    addStep(
+        u"valor-rechazado"_s,
+        [this] {
+            goToCell(lastRow(), 6);
+            type(u"150"_s);
+            press(Qt::Key_Return);
+        },
+        &Tour::anotherInFront);
+    addClosing();
+    addStep(u"fila-completa"_s, [this] {
+        const int row = lastRow();
+        goToCell(row, 6);
+        type(u"2,25"_s);
+        press(Qt::Key_Return);
+        goToCell(row, 7);
+        type(u"Neto"_s);
+        press(Qt::Key_Return);
+    });
+    addStep(
+        u"modificar-fechas"_s, [this] { m_form.controls().menuItem(u"mnuModif").trigger(); },
+        &Tour::anotherInFront);
+    addClosing();
+    addStep(u"grabado"_s, [this] { clickButton(u"grabar"_s); });
 }
 
 void Tour::addSalespeopleSteps() {
-    m_steps.push_back({QStringLiteral("comision-por-asignar"), [this] {
-                           activate();
-                           m_form.controls().TxtCodigo->setFocus();
-                           QTimer::singleShot(stepDelay / 3, this, [this] {
-                               type(QStringLiteral("mixta"));
-                               press(Qt::Key_Return);
-                           });
-                           press(Qt::Key_F8);
-                       }});
-    m_steps.push_back({QStringLiteral("vendedores"), [this] {
-                           activate();
-                           clickButton(QStringLiteral("cliente"));
-                       }});
-    m_steps.push_back({QStringLiteral("vendedores-marcados"), [this] {
-                           press(Qt::Key_Tab);
-                           press(Qt::Key_Space);
-                           press(Qt::Key_Down);
-                           press(Qt::Key_Down);
-                           press(Qt::Key_Down, Qt::ShiftModifier);
-                           press(Qt::Key_Down, Qt::ShiftModifier);
-                           press(Qt::Key_L, Qt::ControlModifier);
-                       }});
-    m_steps.push_back(
-        {QStringLiteral("comision-asignada"), [this] { press(Qt::Key_G, Qt::ControlModifier); }});
-    m_steps.push_back({QStringLiteral("vendedores-cerrado"), [this] {
-                           closeOpenWindow();
-                           activate();
-                       }});
+    addLookupSteps({}, u"mixta"_s, u"comision-por-asignar"_s);
+    addStep(
+        u"vendedores"_s, [this] { clickButton(u"cliente"_s); }, &Tour::anotherInFront);
+    addStep(
+        u"vendedores-marcados"_s,
+        [this] {
+            press(Qt::Key_Tab);
+            press(Qt::Key_Space);
+            press(Qt::Key_Down);
+            press(Qt::Key_Down);
+            press(Qt::Key_Down, Qt::ShiftModifier);
+            press(Qt::Key_Down, Qt::ShiftModifier);
+            press(Qt::Key_L, Qt::ControlModifier);
+        },
+        &Tour::anotherInFront);
+    addStep(
+        u"comision-asignada"_s, [this] { press(Qt::Key_G, Qt::ControlModifier); }, &Tour::anotherInFront);
+    addClosing(u"vendedores-cerrado"_s);
 }
 
 void Tour::addOtherWindowSteps() {
-    m_steps.push_back({QStringLiteral("leida-otra-vez"), [this] {
-                           activate();
-                           m_form.controls().TxtCodigo->setFocus();
-                           QTimer::singleShot(stepDelay / 3, this, [this] {
-                               type(QStringLiteral("campaña"));
-                               press(Qt::Key_Return);
-                           });
-                           press(Qt::Key_F8);
-                       }});
-    m_steps.push_back({QStringLiteral("eliminar"), [this] {
-                           activate();
-                           clickButton(QStringLiteral("eliminar"));
-                       }});
-    m_steps.push_back({QStringLiteral("acerca-de"), [this] {
-                           closeOpenWindow();
-                           m_form.controls().menuItem(u"mnuAcercaDe").trigger();
-                       }});
-    m_steps.push_back({QStringLiteral("ayuda"), [this] {
-                           closeOpenWindow();
-                           clickButton(QStringLiteral("ayuda"));
-                       }});
-    m_steps.push_back({QStringLiteral("nuevo"), [this] {
-                           closeOpenWindow();
-                           clickButton(QStringLiteral("limpiar"));
-                       }});
+    addStep({}, [this] { clickButton(u"limpiar"_s); });
+    addLookupSteps({}, u"campaña"_s, u"leida-otra-vez"_s);
+    addStep(
+        u"eliminar"_s, [this] { clickButton(u"eliminar"_s); }, &Tour::anotherInFront);
+    addClosing();
+    addStep(
+        u"acerca-de"_s, [this] { m_form.controls().menuItem(u"mnuAcercaDe").trigger(); },
+        &Tour::anotherInFront);
+    addClosing();
+    // The system's help is no window of this program.
+    addStep(
+        u"ayuda"_s, [this] { clickButton(u"ayuda"_s); }, &Tour::commandOver);
+    addClosing();
+    addStep(u"nuevo"_s, [this] { clickButton(u"limpiar"_s); });
+}
+
+bool Tour::atRest() {
+    if (!otherWindows(m_form).isEmpty() || m_form.isBusy())
+        return false;
+    return bringToFront(m_form);
+}
+
+bool Tour::anotherInFront() {
+    const QList<QWidget*> others = otherWindows(m_form);
+    return QApplication::activePopupWidget() || others.contains(QApplication::activeWindow());
+}
+
+bool Tour::commandOver() {
+    return !m_form.isBusy();
 }
 
 void Tour::start() {
-    QTimer::singleShot(stepDelay, this, &Tour::next);
+    next();
 }
 
 void Tour::next() {
@@ -152,12 +180,24 @@ void Tour::next() {
         Q_EMIT finished();
         return;
     }
-    const Step& step = m_steps[m_next++];
-    QTimer::singleShot(stepDelay, this, [this, name = step.picture] {
+    m_waiting.start();
+    QTimer::singleShot(interval, this, &Tour::look);
+    m_steps[m_next++].play();
+}
+
+void Tour::look() {
+    const Step& step = m_steps[m_next - 1];
+    const bool shown = (this->*step.shown)();
+    if (!shown && !m_waiting.hasExpired(std::chrono::milliseconds(longest).count())) {
+        QTimer::singleShot(interval, this, &Tour::look);
+        return;
+    }
+    if (!shown)
+        fail(u"no se mostró lo esperado "_s + step.picture);
+    QTimer::singleShot(settling, this, [this, name = step.picture] {
         takePicture(name);
         next();
     });
-    step.play();
 }
 
 void Tour::takePicture(const QString& name) {
@@ -170,10 +210,9 @@ void Tour::addPicture(const QString& name, const QPixmap& picture) {
 }
 
 void Tour::save(const QString& name, const QPixmap& picture) {
-    const QString file =
-        QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
+    const QString file = u"%1/%2-%3.png"_s.arg(m_folder).arg(++m_pictures, 2, 10, QLatin1Char('0')).arg(name);
     if (!picture.save(file))
-        fail(QStringLiteral("no se pudo escribir ") + file);
+        fail(u"no se pudo escribir "_s + file);
 }
 
 void Tour::fail(const QString& why) {
@@ -185,14 +224,14 @@ void Tour::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     if (QWidget* receiver = QApplication::focusWidget())
         QTest::keyClick(receiver, key, modifiers);
     else
-        fail(QStringLiteral("nadie recibe la tecla %1").arg(key));
+        fail(u"nadie recibe la tecla %1"_s.arg(key));
 }
 
 void Tour::type(const QString& text) {
     for (const QChar c : text) {
         QWidget* receiver = QApplication::focusWidget();
         if (!receiver) {
-            fail(QStringLiteral("nadie recibe el texto ") + text);
+            fail(u"nadie recibe el texto "_s + text);
             return;
         }
         QTest::sendKeyEvent(QTest::Click, receiver, Qt::Key_unknown, QString(c), Qt::NoModifier);
@@ -204,29 +243,26 @@ void Tour::clickButton(const QString& key) {
     QTest::mouseClick(bar.widgetForAction(&m_form.controls().button(key)), Qt::LeftButton);
 }
 
-void Tour::goToCell(int tab, int row, int column) {
-    activate();
-    m_form.controls().SSTab1->setCurrentIndex(tab);
-    quorvane::XGrid& grid = *m_form.controls().grids()[static_cast<std::size_t>(tab)];
+void Tour::goToCell(int row, int column) {
+    m_form.controls().SSTab1->setCurrentIndex(0);
+    quorvane::XGrid& grid = *m_form.controls().XGrid;
     grid.setFocus();
     grid.setRow(row);
     grid.setCol(column);
 }
 
-/// Closing another window leaves none active on a platform without a window manager.
-void Tour::activate() {
-    m_form.activateWindow();
-    if (!QTest::qWaitForWindowActive(&m_form))
-        fail(QStringLiteral("la ventana no está activa"));
+int Tour::lastRow() {
+    return m_form.controls().XGrid->rows() - 1;
 }
 
 void Tour::closeOpenWindow() {
+    const QList<QWidget*> others = otherWindows(m_form);
     if (QWidget* popup = QApplication::activePopupWidget())
         popup->close();
     else if (QWidget* modal = QApplication::activeModalWidget())
         QTest::keyClick(modal, Qt::Key_Escape);
-    else if (QWidget* window = QApplication::activeWindow(); window && window != &m_form)
-        window->close();
+    else if (!others.isEmpty())
+        others.last()->close();
 }
 
 } // namespace tour
