@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -18,6 +19,11 @@ struct Result {
 
     double ratio() const { return ours / floor; }
     bool isMet() const { return !goal || ratio() <= *goal; }
+    /// Takes the other's figures where they are better.
+    void keepBest(const Result& other) {
+        ours = std::min(ours, other.ours);
+        floor = std::min(floor, other.floor);
+    }
 };
 
 /// One timed action with what must be made ready before and put away after each round, outside the time.

@@ -16,7 +16,10 @@ namespace bench {
 namespace {
 
 constexpr double serverGoal = 1.5;
-constexpr int rounds = 15;
+constexpr int rounds = 6;
+/// A pair of connections is faster or slower by half for as long as it lives, ours or the floor's, as the
+/// system happens to place its processes. So several pairs are measured.
+constexpr int sittings = 5;
 
 /// The server's C library and nothing else: what our operations are held against.
 class ServerFloor {
@@ -92,39 +95,63 @@ void countRoundTrips(Report& report, const dalvora::test::PostgresCluster& clust
     add("server, 20 ms: round trips, save of 100 lines", [&] { company.save(); });
 }
 
+/// One scheme of 1000 lines over and over, by the record and by the floor, each on a connection of its own.
+class Sitting {
+public:
+    explicit Sitting(const dalvora::test::PostgresCluster& cluster)
+        : m_company(cluster.connectString("postgres")), m_floor(cluster.host()) {
+        prepareSave();
+        m_saving = statementsOf(m_company, [this] { m_company.save(); });
+        m_reading = statementsOf(m_company, [this] { read(); });
+    }
+    Result compareReads() {
+        return compare("server: read a scheme of 1000 lines", serverGoal, rounds, {[this] { read(); }},
+                       {[this] {
+                           for (const QByteArray& statement : m_reading)
+                               m_floor.fetch(statement);
+                       }});
+    }
+    Result compareSaves() {
+        return compare("server: save a new scheme of 1000 lines", serverGoal, rounds,
+                       {[this] { m_company.save(); }, [this] { prepareSave(); }},
+                       {[this] { m_floor.runInTransaction(m_saving); }, [this] { remove(); }});
+    }
+
+private:
+    void read() { m_company.read("BENCHNEW"); }
+    void remove() const {
+        m_floor.run("DELETE FROM Comisiones WHERE Empresa = '001' and Codigo = 'BENCHNEW'");
+        m_floor.run("DELETE FROM ComisionesD WHERE Empresa = '001' and Codigo = 'BENCHNEW'");
+    }
+    void prepareSave() {
+        remove();
+        m_company.enterScheme("BENCHNEW", 1000);
+    }
+
+    Company m_company;
+    ServerFloor m_floor;
+    std::vector<QByteArray> m_saving;
+    std::vector<QByteArray> m_reading;
+};
+
 } // namespace
 
 void benchServer(Report& report, Company&) {
     const dalvora::test::PostgresCluster cluster;
-    const QString connectString = cluster.connectString("postgres");
     quorvane::Connection loading;
-    loading.open(connectString);
+    loading.open(cluster.connectString("postgres"));
     dalvora::demo::createTables(loading);
     dalvora::demo::loadDemonstration(loading);
-    Company company(connectString);
-    const ServerFloor floor(cluster.host());
-    const auto remove = [&] {
-        floor.run("DELETE FROM Comisiones WHERE Empresa = '001' and Codigo = 'BENCHNEW'");
-        floor.run("DELETE FROM ComisionesD WHERE Empresa = '001' and Codigo = 'BENCHNEW'");
-    };
-    company.enterScheme("BENCHNEW", 1000);
-    const auto saving = statementsOf(company, [&] { company.save(); });
-    const auto reading = statementsOf(company, [&] { company.read("BENCHNEW"); });
-    report.add(compare("server: read a scheme of 1000 lines", serverGoal, rounds,
-                       {[&] { company.read("BENCHNEW"); }}, {[&] {
-                           for (const QByteArray& statement : reading)
-                               floor.fetch(statement);
-                       }}));
-    report.add(compare("server: save a new scheme of 1000 lines", serverGoal, rounds,
-                       {[&] { company.save(); },
-                        [&] {
-                            remove();
-                            company.enterScheme("BENCHNEW", 1000);
-                        }},
-                       {[&] { floor.runInTransaction(saving); }, remove}));
-    remove();
-    company.enterScheme("BENCHNEW", 1000);
-    company.save();
+    Sitting first(cluster);
+    Result reads = first.compareReads();
+    Result saves = first.compareSaves();
+    for (int number = 1; number < sittings; ++number) {
+        Sitting sitting(cluster);
+        reads.keepBest(sitting.compareReads());
+        saves.keepBest(sitting.compareSaves());
+    }
+    report.add(reads);
+    report.add(saves);
     countRoundTrips(report, cluster);
 }
 
