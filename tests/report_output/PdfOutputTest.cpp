@@ -163,9 +163,10 @@ TEST_F(PdfOutputTest, PagesThatThereAreNotAreRefused) {
     QPrinter printer;
     printer.setOutputFileName(path(u"a.pdf"_s));
     QString description;
-    for (const auto& [first, last] : std::vector<std::pair<int, int>>{{0, 1}, {2, 1}, {1, 2}})
-        EXPECT_EQ(errorOf([&] { printPages(source, printer, first, last, 1, {}); }, description),
-                  ErrorInvalidCall);
+    for (const auto& pages : std::vector<std::pair<int, int>>{{0, 1}, {2, 1}, {1, 2}})
+        EXPECT_EQ(
+            errorOf([&] { printPages(source, printer, pages.first, pages.second, 1, {}); }, description),
+            ErrorInvalidCall);
 }
 
 TEST_F(PdfOutputTest, WithoutAPrinterItSaysSo) {

@@ -68,7 +68,7 @@ protected:
         reports.take();
     }
     /// Rows of the report statement.
-    void storeRows(std::vector<Row> rows = {{u"07"_s, 12.5}, {u"08"_s, 7.25}}) {
+    void storeRows(const std::vector<Row>& rows = {{u"07"_s, 12.5}, {u"08"_s, 7.25}}) {
         reports.answer(u"tipodocumento td"_s, {u"vendedor"_s, u"ComisionMonto"_s}, rows);
         reports.answer(u"from comisiones c"_s, {u"VENDEDOR"_s, u"comisionMonto"_s}, rows);
     }
